@@ -1,0 +1,141 @@
+// FArray: the one array type of the program.
+//
+// Every algorithm here counts positions from 1 and flattens matrices column by
+// column, the first index running fastest. FArray stores its elements in one
+// contiguous vector and exposes exactly that view, so that a flattened block
+// reads as the algorithm writes it: a(i) for a vector, a(i, j) for element
+// (i, j) of an n1 by n2 matrix, at flat position i + (j - 1) * n1.
+//
+// Bounds are checked when VARDEL_BOUNDS_CHECK is defined (the sanitizer build).
+#pragma once
+
+#include <cstddef>
+#include <cstdio>
+#include <cstdlib>
+#include <span>
+#include <vector>
+
+namespace vardel {
+
+template <class T>
+class FArray {
+ public:
+  using Index = std::ptrdiff_t;
+
+  FArray() = default;
+  explicit FArray(Index n1, const T& init = T{}) : v_(to_size(n1), init), n1_(n1), n2_(1) {}
+  FArray(Index n1, Index n2, const T& init = T{})
+      : v_(to_size(n1) * to_size(n2), init), n1_(n1), n2_(n2) {}
+
+  // Element i of the flat storage, counted from 1.
+  T& operator()(Index i) {
+    check(i, size());
+    return v_[static_cast<std::size_t>(i - 1)];
+  }
+  const T& operator()(Index i) const {
+    check(i, size());
+    return v_[static_cast<std::size_t>(i - 1)];
+  }
+
+  // Element (i, j) of the n1 by n2 matrix, column-major, both counted from 1.
+  T& operator()(Index i, Index j) {
+    check(i, n1_);
+    check(j, n2_);
+    return v_[static_cast<std::size_t>((i - 1) + (j - 1) * n1_)];
+  }
+  const T& operator()(Index i, Index j) const {
+    check(i, n1_);
+    check(j, n2_);
+    return v_[static_cast<std::size_t>((i - 1) + (j - 1) * n1_)];
+  }
+
+  // Reshape and fill: the old contents are discarded.
+  void assign(Index n1, const T& init = T{}) { assign(n1, 1, init); }
+  void assign(Index n1, Index n2, const T& init = T{}) {
+    v_.assign(to_size(n1) * to_size(n2), init);
+    n1_ = n1;
+    n2_ = n2;
+  }
+  void fill(const T& value) { v_.assign(v_.size(), value); }
+  void clear() {
+    v_.clear();
+    v_.shrink_to_fit();
+    n1_ = 0;
+    n2_ = 1;
+  }
+
+  Index size() const { return static_cast<Index>(v_.size()); }
+  bool empty() const { return v_.empty(); }
+  bool allocated() const { return !v_.empty(); }
+  Index extent1() const { return n1_; }
+  Index extent2() const { return n2_; }
+
+  // Column j as a contiguous span of extent1() elements.
+  std::span<T> column(Index j) {
+    check(j, n2_);
+    return std::span<T>(v_.data() + (j - 1) * n1_, static_cast<std::size_t>(n1_));
+  }
+  std::span<const T> column(Index j) const {
+    check(j, n2_);
+    return std::span<const T>(v_.data() + (j - 1) * n1_, static_cast<std::size_t>(n1_));
+  }
+
+  T* data() { return v_.data(); }
+  const T* data() const { return v_.data(); }
+  std::span<T> span() { return v_; }
+  std::span<const T> span() const { return v_; }
+  auto begin() { return v_.begin(); }
+  auto end() { return v_.end(); }
+  auto begin() const { return v_.begin(); }
+  auto end() const { return v_.end(); }
+  std::vector<T>& vector() { return v_; }
+  const std::vector<T>& vector() const { return v_; }
+
+  friend bool operator==(const FArray& a, const FArray& b) {
+    return a.n1_ == b.n1_ && a.n2_ == b.n2_ && a.v_ == b.v_;
+  }
+
+ private:
+  static std::size_t to_size(Index n) { return n > 0 ? static_cast<std::size_t>(n) : 0; }
+  static void check([[maybe_unused]] Index i, [[maybe_unused]] Index n) {
+#ifdef VARDEL_BOUNDS_CHECK
+    if (i < 1 || i > n) {
+      std::fprintf(stderr, "FArray: index %td outside 1..%td\n", i, n);
+      std::abort();
+    }
+#endif
+  }
+
+  std::vector<T> v_;
+  Index n1_ = 0;
+  Index n2_ = 1;
+};
+
+// A 1-based window onto contiguous storage that someone else owns, such as a
+// node record or a column of a matrix: v(1) is the first element of the span.
+template <class T>
+class FView {
+ public:
+  using Index = std::ptrdiff_t;
+  FView() = default;
+  FView(std::span<T> s) : s_(s) {}  // NOLINT: implicit from spans is intended
+  FView(T* p, Index n) : s_(p, static_cast<std::size_t>(n)) {}
+
+  T& operator()(Index i) const {
+#ifdef VARDEL_BOUNDS_CHECK
+    if (i < 1 || i > size()) {
+      std::fprintf(stderr, "FView: index %td outside 1..%td\n", i, size());
+      std::abort();
+    }
+#endif
+    return s_[static_cast<std::size_t>(i - 1)];
+  }
+  Index size() const { return static_cast<Index>(s_.size()); }
+  std::span<T> span() const { return s_; }
+  T* data() const { return s_.data(); }
+
+ private:
+  std::span<T> s_;
+};
+
+}  // namespace vardel
