@@ -130,9 +130,15 @@ class FView {
 #endif
     return s_[static_cast<std::size_t>(i - 1)];
   }
-  Index size() const { return static_cast<Index>(s_.size()); }
-  std::span<T> span() const { return s_; }
-  T* data() const { return s_.data(); }
+  Index size() const {
+    return static_cast<Index>(s_.size());
+  }
+  std::span<T> span() const {
+    return s_;
+  }
+  T* data() const {
+    return s_.data();
+  }
 
  private:
   std::span<T> s_;

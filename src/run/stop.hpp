@@ -12,6 +12,8 @@ struct RunStopped {
   int status;  // exit status of the process
 };
 
-[[noreturn]] inline void stop_run(int status = 1) { throw RunStopped{status}; }
+[[noreturn]] inline void stop_run(int status = 1) {
+  throw RunStopped{status};
+}
 
 }  // namespace vardel
