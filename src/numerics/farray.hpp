@@ -6,6 +6,10 @@
 // reads as the algorithm writes it: a(i) for a vector, a(i, j) for element
 // (i, j) of an n1 by n2 matrix, at flat position i + (j - 1) * n1.
 //
+// Construction: FArray(n) or FArray(n, fill) is a vector of n elements;
+// FArray(n1, n2, fill) is an n1 by n2 matrix. A matrix always names its fill
+// value, so two arguments can never be mistaken for two extents.
+//
 // Bounds are checked when VARDEL_BOUNDS_CHECK is defined (the sanitizer build).
 #pragma once
 
@@ -24,7 +28,7 @@ class FArray {
 
   FArray() = default;
   explicit FArray(Index n1, const T& init = T{}) : v_(to_size(n1), init), n1_(n1), n2_(1) {}
-  FArray(Index n1, Index n2, const T& init = T{})
+  FArray(Index n1, Index n2, const T& init)
       : v_(to_size(n1) * to_size(n2), init), n1_(n1), n2_(n2) {}
 
   // Element i of the flat storage, counted from 1.
@@ -51,7 +55,7 @@ class FArray {
 
   // Reshape and fill: the old contents are discarded.
   void assign(Index n1, const T& init = T{}) { assign(n1, 1, init); }
-  void assign(Index n1, Index n2, const T& init = T{}) {
+  void assign(Index n1, Index n2, const T& init) {
     v_.assign(to_size(n1) * to_size(n2), init);
     n1_ = n1;
     n2_ = n2;

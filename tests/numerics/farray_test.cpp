@@ -6,7 +6,7 @@ namespace vardel {
 namespace {
 
 TEST(FArray, MatricesAreOneBasedAndColumnMajor) {
-  FArray<int> a(3, 2);
+  FArray<int> a(3, 2, 0);
   int k = 0;
   for (int j = 1; j <= 2; ++j)
     for (int i = 1; i <= 3; ++i) a(i, j) = ++k;
@@ -17,6 +17,9 @@ TEST(FArray, MatricesAreOneBasedAndColumnMajor) {
   ASSERT_EQ(col2.size(), 3u);
   EXPECT_EQ(col2[0], 4);
   a.assign(2, 2, 7);
+  FArray<int> v(3, 2);  // two arguments: a vector of three 2s
+  EXPECT_EQ(v.size(), 3);
+  EXPECT_EQ(v(3), 2);
   EXPECT_EQ(a.extent1(), 2);
   EXPECT_EQ(a(2, 2), 7);
 }
