@@ -97,7 +97,7 @@ void Parser::descriptor(FormatOp& op) {
   ++pos_;
   op.d = number();
   if (op.d > kMaxDigits) fail("too many decimals");
-  if (op.d == 0 && op.code != C::f) fail("e and g need at least one digit");
+  if (op.d == 0 && op.code == C::e) fail("e needs at least one digit");
 }
 
 ParsedFormat Parser::run() {

@@ -67,12 +67,19 @@ TEST(Format, OptionalCommasAroundSlashColonAndLiterals) {
 TEST(Format, ItemsOfTheWrongKindThrow) {
   EXPECT_THROW((void)format("(i5)", {2.5}), std::logic_error);
   EXPECT_THROW((void)format("(f5.1)", {2}), std::logic_error);
-  EXPECT_THROW((void)format("(g10.3)", {2L}), std::logic_error);
+  EXPECT_THROW((void)format("(g10.0)", {2.5}), std::logic_error);
   EXPECT_THROW((void)format("(a)", {2}), std::logic_error);
   EXPECT_THROW((void)format("(i5)", {"2"}), std::logic_error);
   // Items left over that no descriptor could ever take.
   EXPECT_THROW((void)format("('x')", {1}), std::logic_error);
   EXPECT_THROW((void)format("(i2,2('x'))", {1, 2}), std::logic_error);
+}
+
+TEST(Format, GEditsAnIntegerAsIOfTheSameWidth) {
+  // As gfortran prints integers under g10.0 and g10.3.
+  EXPECT_EQ(format("(a,g10.0,a)", {"[", 0, "]"}), "[         0]\n");
+  EXPECT_EQ(format("(a,g10.0,a)", {"[", -25, "]"}), "[       -25]\n");
+  EXPECT_EQ(format("(a,g10.3,a)", {"[", 150L, "]"}), "[       150]\n");
 }
 
 TEST(Format, CacheGivesTheSameTextAcrossEvictions) {
