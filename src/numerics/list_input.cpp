@@ -37,6 +37,17 @@ bool ends_value(int c) {
 // for hundreds of millions of copies.
 constexpr long kMaxRepeat = 200000000;
 
+// Stores v into text target t, cut or blank-padded to its length.
+void store_text(const ReadTarget& t, std::string_view v) {
+  std::string& s = t.as<std::string>();
+  const std::size_t len = t.length();
+  if (s.size() != len) s.resize(len);
+  const std::size_t m = v.size() < len ? v.size() : len;
+  char* out = s.data();
+  for (std::size_t k = 0; k < m; ++k) out[k] = v[k];
+  for (std::size_t k = m; k < len; ++k) out[k] = ' ';
+}
+
 // Stores the token v into target t; false if v is not a value of t's type.
 bool store(const ReadTarget& t, std::string_view v) {
   std::int64_t k = 0;
@@ -57,12 +68,9 @@ bool store(const ReadTarget& t, std::string_view v) {
       return parse_list_real(v, t.as<double>());
     case ReadTarget::Kind::real32:
       return parse_list_real(v, t.as<float>());
-    case ReadTarget::Kind::text: {
-      std::string& s = t.as<std::string>();
-      s.assign(v.substr(0, t.length()));
-      s.resize(t.length(), ' ');
+    case ReadTarget::Kind::text:
+      store_text(t, v);
       return true;
-    }
   }
   return false;
 }
@@ -80,7 +88,19 @@ int ListInput::peek() {
 }
 
 void ListInput::skip_blanks() {
-  for (int c = peek(); c >= 0 && kClass[static_cast<unsigned>(c)] == kBlank; c = peek()) ++pos_;
+  if (peek() < 0) return;
+  std::size_t p = pos_;
+  while (p < rec_.size() && class_of(rec_[p]) == kBlank) ++p;
+  pos_ = p;
+}
+
+// Moves pos_ past the characters of an unquoted token; returns the token.
+std::string_view ListInput::scan_plain() {
+  const std::size_t b = pos_;
+  std::size_t p = b;
+  while (p < rec_.size() && class_of(rec_[p]) == kOther) ++p;
+  pos_ = p;
+  return rec_.substr(b, p - b);
 }
 
 // Consumes the separator after an item: blanks, then at most one comma (with
@@ -136,6 +156,27 @@ bool ListInput::finish_separator() {
   }
 }
 
+// The common case of a data file, taken before next_item: an unquoted text
+// token without a star, further on the current record, after a separator
+// without a line end. Stores it and returns true; false leaves everything to
+// the general path.
+bool ListInput::plain_text(const ReadTarget& t) {
+  if (first_ || at_eol_ || complete_ || repeat_left_ > 0 || !have_) return false;
+  const char* d = rec_.data();
+  const std::size_t n = rec_.size();
+  std::size_t p = pos_;
+  while (p < n && class_of(d[p]) == kBlank) ++p;
+  const std::size_t b = p;
+  if (p == n || d[p] == '\'' || d[p] == '"') return false;
+  while (p < n && class_of(d[p]) == kOther && d[p] != '*') ++p;
+  if (p == b || (p < n && d[p] == '*')) return false;
+  pos_ = p;
+  token_line_ = line_no_;
+  store_text(t, std::string_view(d + b, p - b));
+  eat_separator();
+  return true;
+}
+
 ListInput::Item ListInput::next_item(ReadTarget::Kind kind, std::string_view& value) {
   if (repeat_left_ > 0) {
     --repeat_left_;
@@ -188,9 +229,7 @@ ListInput::Item ListInput::read_value(ReadTarget::Kind kind, std::string_view& v
     for (std::size_t k = pos_; k < p && count <= kMaxRepeat; ++k)
       count = count * 10 + (rec_[k] - '0');
     if (count == 0 || count > kMaxRepeat) {
-      const std::size_t b = pos_;
-      while (pos_ < rec_.size() && class_of(rec_[pos_]) == kOther) ++pos_;
-      bad_token_ = rec_.substr(b, pos_ - b);
+      bad_token_ = scan_plain();
       return Item::bad;
     }
     pos_ = p + 1;
@@ -206,9 +245,7 @@ ListInput::Item ListInput::read_value(ReadTarget::Kind kind, std::string_view& v
   if (kind == ReadTarget::Kind::text && (c == '\'' || c == '"')) {
     if (!scan_quoted(value)) return Item::bad;
   } else {
-    const std::size_t b = pos_;
-    while (pos_ < rec_.size() && class_of(rec_[pos_]) == kOther) ++pos_;
-    value = rec_.substr(b, pos_ - b);
+    value = scan_plain();
   }
   if (count > 0) {
     repeat_left_ = count - 1;
@@ -243,7 +280,7 @@ bool ListInput::scan_quoted(std::string_view& value) {
   }
   value = quoted_;
   if (ends_value(peek())) return true;
-  while (pos_ < rec_.size() && class_of(rec_[pos_]) == kOther) quoted_.push_back(rec_[pos_++]);
+  quoted_.append(scan_plain());
   bad_token_ = quoted_;
   return false;
 }
@@ -268,6 +305,7 @@ ReadResult ListInput::read(std::span<const ReadTarget> targets) {
       t.as<std::string>().resize(t.length(), ' ');
 
   for (const ReadTarget& t : targets) {
+    if (t.kind() == ReadTarget::Kind::text && plain_text(t)) continue;
     std::string_view v;
     switch (next_item(t.kind(), v)) {
       case Item::null:

@@ -17,6 +17,10 @@
 // return right before a line end belongs to the line end (files written with
 // CR LF read as usual); elsewhere it counts as a blank, and inside quotes it is
 // dropped. A semicolon is an ordinary character.
+//
+// Reading is linear: each record is fetched once into the source's buffer and
+// scanned once; unquoted tokens are stored straight from it, and a plain text
+// token on the current record takes a short path (the bulk of a data file).
 #pragma once
 
 #include <span>
@@ -59,9 +63,11 @@ class ListInput {
   void end_record() { have_ = false; }
   void eat_separator();
   bool finish_separator();
+  bool plain_text(const ReadTarget& t);
   Item next_item(ReadTarget::Kind kind, std::string_view& value);
   Item read_value(ReadTarget::Kind kind, std::string_view& value);
   bool scan_quoted(std::string_view& value);
+  std::string_view scan_plain();
   ReadResult fail(ReadStatus status, std::string_view token, long line);
 
   RecordSource& src_;
