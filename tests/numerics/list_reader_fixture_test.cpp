@@ -1,5 +1,6 @@
-// The reader against outputs of the reference Fortran programs in
-// tests/fixtures/listread (reads.f90 on cases.txt, answers.f90 on answers.txt).
+// The reader against what the Fortran programs in
+// tests/fixtures/listread read from the same inputs (reads.f90 on cases.txt,
+// answers.f90 on answers.txt).
 #include <gtest/gtest.h>
 
 #include <bit>
@@ -75,7 +76,7 @@ std::map<std::string, std::string> load_expected() {
   return expected;
 }
 
-TEST(ListReaderFixture, MatchesReferenceReads) {
+TEST(ListReaderFixture, MatchesFortranReads) {
   const std::vector<Case> cases = load_cases();
   const std::map<std::string, std::string> expected = load_expected();
   ASSERT_GT(cases.size(), 100u);
@@ -87,7 +88,7 @@ TEST(ListReaderFixture, MatchesReferenceReads) {
   }
 }
 
-TEST(ListReaderFixture, MatchesReferenceAnswers) {
+TEST(ListReaderFixture, MatchesFortranAnswers) {
   const std::vector<std::string> answers = lines_of(kDir + "answers.txt");
   const std::vector<std::string> expected = lines_of(kDir + "answers_expected.txt");
   ASSERT_EQ(answers.size(), expected.size());
