@@ -293,32 +293,55 @@ ReadResult ListInput::fail(ReadStatus status, std::string_view token, long line)
   return r;
 }
 
-ReadResult ListInput::read(std::span<const ReadTarget> targets) {
+void ListInput::begin_statement() {
   end_record();  // a statement starts on a new record
   first_ = true;
   complete_ = false;
   at_eol_ = false;
   comma_ = false;
   repeat_left_ = 0;
+}
+
+// Fills one target with the next value of the statement in progress; a null
+// value leaves it unchanged. Returns ok, or the failure that ends the statement.
+ReadResult ListInput::fill(const ReadTarget& t) {
+  if (t.kind() == ReadTarget::Kind::text && plain_text(t)) return {};
+  std::string_view v;
+  switch (next_item(t.kind(), v)) {
+    case Item::null:
+      return {};
+    case Item::end_of_file:
+      return fail(ReadStatus::end_of_file, {}, line_no_);
+    case Item::bad:
+      return fail(ReadStatus::bad_value, bad_token_, token_line_);
+    case Item::value:
+      break;
+  }
+  if (!store(t, v)) return fail(ReadStatus::bad_value, v, token_line_);
+  return {};
+}
+
+ReadResult ListInput::read(std::span<const ReadTarget> targets) {
+  begin_statement();
   for (const ReadTarget& t : targets)
     if (t.kind() == ReadTarget::Kind::text && t.as<std::string>().size() != t.length())
       t.as<std::string>().resize(t.length(), ' ');
 
-  for (const ReadTarget& t : targets) {
-    if (t.kind() == ReadTarget::Kind::text && plain_text(t)) continue;
-    std::string_view v;
-    switch (next_item(t.kind(), v)) {
-      case Item::null:
-        continue;
-      case Item::end_of_file:
-        return fail(ReadStatus::end_of_file, {}, line_no_);
-      case Item::bad:
-        return fail(ReadStatus::bad_value, bad_token_, token_line_);
-      case Item::value:
-        break;
-    }
-    if (!store(t, v)) return fail(ReadStatus::bad_value, v, token_line_);
-  }
+  for (const ReadTarget& t : targets)
+    if (ReadResult r = fill(t); !r) return r;
+  ReadResult r;
+  r.line = line_no_;
+  return r;
+}
+
+ReadResult ListInput::skip_values(long long count) {
+  // The same statement as read() over `count` targets of one character,
+  // without building the list of targets.
+  std::string scratch(1, ' ');
+  const ReadTarget target = text(scratch, 1);
+  begin_statement();
+  for (long long k = 0; k < count; ++k)
+    if (ReadResult r = fill(target); !r) return r;
   ReadResult r;
   r.line = line_no_;
   return r;

@@ -47,6 +47,9 @@ class ListInput {
 
   // One list-directed read statement.
   ReadResult read(std::span<const ReadTarget> targets);
+  // One read statement of `count` one-character text values that are not
+  // kept: tells whether the file holds that many values from here.
+  ReadResult skip_values(long long count);
   // One whole record into *rec (nullptr: discard it).
   ReadResult read_record(std::string* rec);
   // Back to the first record; the source must already have been rewound.
@@ -58,6 +61,8 @@ class ListInput {
   static constexpr int kEof = -1;        // no record left
   static constexpr int kRecordEnd = -2;  // at the end of the current record
 
+  void begin_statement();
+  ReadResult fill(const ReadTarget& t);
   int peek();
   void skip_blanks();
   void end_record() { have_ = false; }

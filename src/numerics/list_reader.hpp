@@ -48,6 +48,8 @@ class ListReader {
   }
   ReadResult read(std::span<const ReadTarget> targets) { return input_.read(targets); }
 
+  // One read statement of `count` values that are not kept.
+  ReadResult skip_values(long long count) { return input_.skip_values(count); }
   // The next whole record, as it stands (the caller cuts it to length).
   ReadResult read_record(std::string& line) { return input_.read_record(&line); }
   // Reads one record and discards it.
