@@ -33,6 +33,11 @@ class TreeStore {
     std::span<const int> children;  // child numbers in list order; overwritten by the next retrieve
   };
 
+  TreeStore() = default;
+  TreeStore(const TreeStore&) = delete;
+  TreeStore& operator=(const TreeStore&) = delete;
+  ~TreeStore() { finish(); }
+
   // Creates the forest root; maxy starts at 0.
   void start();
   // As start, but maxy keeps its value (to load a tree again after finish).
