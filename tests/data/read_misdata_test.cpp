@@ -121,6 +121,18 @@ TEST_F(ReadMisdata, ClassColumnFirstLastMiddleAndExcludedVariables) {
   }
 }
 
+TEST_F(ReadMisdata, WithoutExcludedVariablesTheClassColumnNumberIsAPosition) {
+  // Columns 2, 4, 6 and no "x": the class's number 4 is taken as its
+  // position, so each case reads four tokens and the file runs out early.
+  EXPECT_EQ(run(kHead + "2 a n\n4 y d\n6 b n\n", "1 A 10\n2 B 20\n"), 3);
+  EXPECT_NE(screen.find("data.txt"), std::string::npos) << screen;
+  // With an "x" variable the same numbers only give the order.
+  SetUp();
+  ASSERT_EQ(run(kHead + "2 a n\n4 y d\n6 b n\n8 z x\n", "1 A 10 q\n2 B 20 q\n"), -1) << screen;
+  EXPECT_EQ(init().xdata(2, 2), 20.0);
+  EXPECT_EQ(trim(init().ydata(2)), "B");
+}
+
 TEST_F(ReadMisdata, MissingValuesLabelsAndCategories) {
   const std::string vars = "1 num n\n2 never n\n3 kind c\n4 y d\n";
   const std::string data =
