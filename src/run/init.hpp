@@ -106,6 +106,12 @@ struct Init {
 
   RecordPositions pos;
 
+  // Node counters of the tree report and of growth.
+  int nodes = 0;          // nodes visited by the last growth
+  int nodesfinal = 0;     // nodes with a class in the final tree
+  int nodesterminal = 0;  // terminal nodes of the final tree
+  int nodesmax = 0;       // nodes of the largest tree (set by pruning; 0 without)
+
   // Learning sample.
   FArray<double> xdata;        // nobs by nvar; category codes for categorical columns; 0 if missing
   FArray<char> misind;         // nobs by nvar; 'y' missing, 'n' present
