@@ -8,7 +8,7 @@
 
 namespace vardel {
 
-void report_root_node() {
+void report_root_node(const char* missing) {
   const Init& in = init();
   FArray<double> pr;
   FArray<double> altpr;
@@ -17,6 +17,8 @@ void report_root_node() {
   const double rt = getrt(pr);
 
   std::ofstream out(std::string(trim(in.outfile)), std::ios::app);
+  write_fmt(out, "(a,a,a)", {" This version cannot yet grow trees with ", missing, ";"});
+  write_fmt(out, "(a)", {" the tree is left at its root node."});
   write_fmt(out, "(a)", {" Root node (the tree before any split):"});
   write_fmt(out, "(a,i10)", {"   Number of learning samples in node: ", in.nobs});
   write_fmt(out, "(a,a)", {"   Predicted class: ", trim(in.clabel(found.iclass))});

@@ -7,6 +7,7 @@
 #include "numerics/format.hpp"
 #include "report/exitprog.hpp"
 #include "report/root_report.hpp"
+#include "report/tree_report.hpp"
 #include "report/run_header.hpp"
 #include "run/batch_file.hpp"
 #include "run/init.hpp"
@@ -14,6 +15,7 @@
 #include "run/prompting.hpp"
 #include "run/stop.hpp"
 #include "timing/clock.hpp"
+#include "tree/grow_tree.hpp"
 #include "tree/tree_store.hpp"
 
 namespace vardel {
@@ -49,6 +51,22 @@ void end_timing(const Init& in) {
   write_fmt(std::cout, "(2(a7,g10.3,a8,g10.3))", times);
 }
 
+// Grows the largest tree and writes the tree report. Settings whose routines
+// this build lacks leave the tree at its root, and the report says so.
+void grow_and_report(Init& in) {
+  const char* missing = nullptr;
+  if (!growth_available(&missing)) {
+    report_root_node(missing);
+    return;
+  }
+  write_fmt(std::cout, "(a)", {"  Building Initial Trees..."}, Advance::no);
+  std::cout.flush();
+  grow_tree(in.xdata, in.cdata, in.misind, in.prob, in.termnode);
+  TreeStore& store = tree_store();
+  store.dump_tree(1);
+  print_node_info();
+}
+
 void run() {
   Init& in = init();
   store_banner(in);
@@ -82,7 +100,7 @@ void run() {
     in.termnode.fill(1);
     in.calibrated = 'n';
     in.multifac = 1.0;
-    report_root_node();
+    grow_and_report(in);
   }
 
   if (batch_mode) {

@@ -74,6 +74,11 @@ NodeClass geticlasswithtie(std::span<const int> noc, std::span<const int> csize,
   return least_cost_class(in.cost, pr);
 }
 
+int getprior(std::span<const int> noc, std::span<const int> csize, std::span<const double> prob,
+             int nobs, FArray<double>& altpr, FArray<double>& pr) {
+  return geticlasswithtie(noc, csize, prob, nobs, altpr, pr).iclass;
+}
+
 int geticlass(int node, NodeClass found, std::span<const int> termnode,
               std::span<const int> classes, std::span<const int> csize,
               std::span<const double> prob) {

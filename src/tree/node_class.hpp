@@ -27,6 +27,11 @@ NodeClass geticlasswithtie(std::span<const int> noc, std::span<const int> csize,
                            std::span<const double> prob, int nobs, FArray<double>& altpr,
                            FArray<double>& pr);
 
+// The same weights as geticlasswithtie, and the first class of least cost,
+// for a reduced set of cases (the complete or available cases of a node).
+int getprior(std::span<const int> noc, std::span<const int> csize, std::span<const double> prob,
+             int nobs, FArray<double>& altpr, FArray<double>& pr);
+
 // node: the node's number; termnode: node membership of each case of the
 // sample; classes: class of each case. Returns the settled class.
 int geticlass(int node, NodeClass found, std::span<const int> termnode,

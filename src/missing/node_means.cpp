@@ -1,0 +1,109 @@
+#include "missing/node_means.hpp"
+
+#include <cmath>
+#include <vector>
+
+#include "run/init.hpp"
+
+namespace vardel {
+
+namespace {
+
+// The ordinal of predictor j among the categorical predictors, 0 if numerical.
+FArray<int> categorical_ordinals(const Init& in) {
+  FArray<int> ordinal(in.nvar, 0);
+  for (int c = 1; c <= in.ncat; ++c) ordinal(in.catpos(c)) = c;
+  return ordinal;
+}
+
+// Centres of column j in one pass over the cases: centre(0) over all cases,
+// centre(k) over the cases of class k (k = 1..classes; cdat may be empty when
+// classes is 0). Each class's sum runs over its own cases in case order, as
+// a pass over that class's block alone would.
+void column_centres(const FArray<double>& xdat, std::span<const int> cdat,
+                    const FArray<char>& misind, int n, int j, int numcat, int classes,
+                    std::vector<double>& centre, std::vector<double>& sums,
+                    std::vector<int>& counts) {
+  const std::size_t groups = static_cast<std::size_t>(classes) + 1;
+  centre.assign(groups, 0.0);
+  if (numcat == 0) {
+    sums.assign(groups, 0.0);
+    counts.assign(groups, 0);
+    for (int i = 1; i <= n; ++i) {
+      if (misind(i, j) != 'n') continue;
+      const double v = xdat(i, j);
+      sums[0] += v;
+      ++counts[0];
+      if (classes > 0) {
+        const auto k = static_cast<std::size_t>(cdat[i - 1]);
+        sums[k] += v;
+        ++counts[k];
+      }
+    }
+    for (std::size_t g = 0; g < groups; ++g)
+      if (counts[g] > 0) centre[g] = sums[g] / counts[g];
+    return;
+  }
+  // counts[g * (numcat + 1) + code]
+  const std::size_t width = static_cast<std::size_t>(numcat) + 1;
+  counts.assign(groups * width, 0);
+  for (int i = 1; i <= n; ++i) {
+    if (misind(i, j) != 'n') continue;
+    const long code = std::lround(xdat(i, j));
+    if (code < 1 || code > numcat) continue;
+    ++counts[static_cast<std::size_t>(code)];
+    if (classes > 0) ++counts[static_cast<std::size_t>(cdat[i - 1]) * width + static_cast<std::size_t>(code)];
+  }
+  for (std::size_t g = 0; g < groups; ++g) {
+    int best = 0;
+    for (std::size_t code = 1; code < width; ++code) {
+      if (counts[g * width + code] > best) {  // the smallest code wins a tie
+        best = counts[g * width + code];
+        centre[g] = static_cast<double>(code);
+      }
+    }
+  }
+}
+
+}  // namespace
+
+void getgrand(const FArray<double>& xdat, const FArray<char>& misind, int n, FArray<double>& grand) {
+  const Init& in = init();
+  const FArray<int> ordinal = categorical_ordinals(in);
+  std::vector<double> centre, sums;
+  std::vector<int> counts;
+  grand.assign(in.nvar, 0.0);
+  for (int j = 1; j <= in.nvar; ++j) {
+    const int numcat = ordinal(j) > 0 ? in.numcat(ordinal(j)) : 0;
+    column_centres(xdat, {}, misind, n, j, numcat, 0, centre, sums, counts);
+    grand(j) = centre[0];
+  }
+}
+
+void getmeanmode(const FArray<double>& xdat, std::span<const int> cdat, const FArray<char>& misind,
+                 std::span<const int> noc, int n, FArray<double>& grand, FArray<double>& meanmode) {
+  const Init& in = init();
+  const int classes = static_cast<int>(noc.size());
+  const FArray<int> ordinal = categorical_ordinals(in);
+  std::vector<double> centre, sums;
+  std::vector<int> counts;
+  meanmode.assign(classes, in.nvar, 0.0);
+  grand.assign(in.nvar, 0.0);
+  for (int j = 1; j <= in.nvar; ++j) {
+    const int numcat = ordinal(j) > 0 ? in.numcat(ordinal(j)) : 0;
+    column_centres(xdat, cdat, misind, n, j, numcat, classes, centre, sums, counts);
+    grand(j) = centre[0];
+    for (int k = 1; k <= classes; ++k)
+      if (noc[k - 1] != 0) meanmode(k, j) = centre[static_cast<std::size_t>(k)];
+  }
+}
+
+void meanmode_sub(FArray<double>& xdat, std::span<const int> cdat, const FArray<char>& misind,
+                  std::span<const int> noc, int n, FArray<double>& grand, FArray<double>& meanmode) {
+  getmeanmode(xdat, cdat, misind, noc, n, grand, meanmode);
+  for (int j = 1; j <= init().nvar; ++j)
+    for (int i = 1; i <= n; ++i)
+      if (misind(i, j) != 'n') xdat(i, j) = meanmode(cdat[i - 1], j);
+}
+
+}  // namespace vardel

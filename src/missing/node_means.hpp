@@ -1,0 +1,27 @@
+// Overall and class-wise centres of each predictor over a node's cases: the
+// mean of the present values of a numerical predictor, the most frequent
+// present code of a categorical one (the smallest code among equals). A
+// predictor with no present value has centre 0.
+//
+// getgrand: grand(j) over all n cases.
+// getmeanmode: grand, and meanmode(k, j) over the cases of class k, for each
+//   class with cases (classes without cases keep 0).
+// meanmode_sub: as getmeanmode, then fills each missing cell of xdat with the
+//   centre of its case's class (0 where that class has no present value).
+#pragma once
+
+#include <span>
+
+#include "numerics/farray.hpp"
+
+namespace vardel {
+
+void getgrand(const FArray<double>& xdat, const FArray<char>& misind, int n, FArray<double>& grand);
+
+void getmeanmode(const FArray<double>& xdat, std::span<const int> cdat, const FArray<char>& misind,
+                 std::span<const int> noc, int n, FArray<double>& grand, FArray<double>& meanmode);
+
+void meanmode_sub(FArray<double>& xdat, std::span<const int> cdat, const FArray<char>& misind,
+                  std::span<const int> noc, int n, FArray<double>& grand, FArray<double>& meanmode);
+
+}  // namespace vardel

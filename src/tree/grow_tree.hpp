@@ -1,0 +1,24 @@
+// Growth of one tree from one sample (the learning sample, or the learning
+// set of a cross-validation fold).
+//
+// grow_tree: the cases' predictors x (nobs by P), classes y, missing flags,
+// the priors, and the node of each case, all 1 at the start. On return the
+// tree is in the store (which the caller has started) and termnode holds
+// each case's terminal node. Nodes are finished depth first, subnode 1
+// first, a parent before its children; child k of node t is numbered
+// (t - 1) K + k + 1.
+#pragma once
+
+#include "numerics/farray.hpp"
+
+namespace vardel {
+
+void grow_tree(const FArray<double>& x, const FArray<int>& y, const FArray<char>& misind,
+               const FArray<double>& prob, FArray<int>& termnode);
+
+// Whether this build can grow the tree the settings ask for; false names
+// the settings (categorical predictors, exhaustive search, the 2D method,
+// proxy splits, other split types) that still lack their routines.
+bool growth_available(const char** reason);
+
+}  // namespace vardel
