@@ -1,0 +1,158 @@
+// Box-Cox transformation of one variable at a node (see boxcox.hpp).
+#include "split/boxcox.hpp"
+
+#include <array>
+#include <cmath>
+#include <cstddef>
+#include <limits>
+#include <vector>
+
+#include "numerics/farray.hpp"
+#include "split/guards.hpp"
+
+namespace vardel {
+namespace {
+
+using Index = std::ptrdiff_t;
+
+// Powers tried, in the order of the walk. The six-point grid is computed in
+// single precision, so its inner points are the float values nearest -1.2,
+// -0.4, 0.4 and 1.2, not the doubles.
+struct PowerGrid {
+  std::array<double, 11> p{};
+  Index size = 0;
+  double operator()(Index i) const { return p[static_cast<std::size_t>(i - 1)]; }
+};
+
+PowerGrid power_grid(int varsel) {
+  PowerGrid g;
+  if (varsel == 1) {
+    g.p = {-2.0, -1.5, -1.0, -0.5, -0.25, 0.0, 0.25, 0.5, 1.0, 1.5, 2.0};
+    g.size = 11;
+  } else {
+    for (int i = 1; i <= 6; ++i) {
+      const float pf = static_cast<float>(i - 1) * 0.8f - 2.0f;
+      g.p[static_cast<std::size_t>(i - 1)] = static_cast<double>(pf);
+    }
+    g.size = 6;
+  }
+  return g;
+}
+
+// z = (x^p - 1) / p, or ln x for a power within kTiny of 0. z may be x.
+void transform(std::span<const double> x, double p, std::span<double> z) {
+  const bool log_power = !(p > kTiny || p < -kTiny);
+  for (std::size_t i = 0; i < x.size(); ++i) {
+    z[i] = log_power ? std::log(x[i]) : (std::pow(x[i], p) - 1.0) / p;
+  }
+}
+
+// Class means of z over the classes with cases (others left at 0) and the
+// within-class sum of squares divided by n.
+double class_spread(std::span<const double> z, FView<const int> ydat, FView<const int> noc,
+                    FArray<double>& mean) {
+  mean.fill(0.0);
+  const Index n = ydat.size();
+  for (Index i = 1; i <= n; ++i) mean(ydat(i)) += z[static_cast<std::size_t>(i - 1)];
+  for (Index k = 1; k <= noc.size(); ++k) {
+    if (noc(k) != 0) mean(k) = mean(k) / noc(k);
+  }
+  double ss = 0.0;
+  for (Index i = 1; i <= n; ++i) {
+    const double d = z[static_cast<std::size_t>(i - 1)] - mean(ydat(i));
+    ss += d * d;
+  }
+  return ss / static_cast<double>(n);
+}
+
+void store_means(const FArray<double>& mean, FView<const int> noc, FView<double> xmean) {
+  for (Index k = 1; k <= noc.size(); ++k) {
+    if (noc(k) != 0) xmean(k) = mean(k);
+  }
+}
+
+// Moves x onto the positive half-line and returns the amount subtracted.
+double shift_positive(std::span<double> x) {
+  double m = std::numeric_limits<double>::max();
+  for (const double v : x) {
+    if (v < m) m = v;
+  }
+  double shift = 0.0;
+  if (m == 0.0) {
+    shift = -1.0;
+  } else if (m < 0.0) {
+    // s: the least value above m, or m itself when all values are equal;
+    // the least shifted value is then s - m.
+    double s = m;
+    bool found = false;
+    for (const double v : x) {
+      if (v > m && (!found || v < s)) {
+        s = v;
+        found = true;
+      }
+    }
+    shift = 2.0 * m - s;
+  }
+  bool near_zero = false;
+  for (double& v : x) {
+    v = v - shift;
+    if (v < kEps) near_zero = true;
+  }
+  if (near_zero) {
+    shift = shift - 1.0;
+    for (double& v : x) v = v + 1.0;
+  }
+  return shift;
+}
+
+}  // namespace
+
+BoxCoxResult boxcox(std::span<double> x, std::span<const int> ydat, double& mse,
+                    std::span<double> xmean, std::span<const int> noc, int varsel) {
+  const FView<const int> y(ydat);
+  const FView<const int> nc(noc);
+  const FView<double> xm(xmean);
+
+  // No within-class spread: power 1, no search.
+  if (mse < kTiny) {
+    for (double& v : x) v = v - 1.0;
+    for (Index k = 1; k <= xm.size(); ++k) xm(k) = xm(k) - 1.0;
+    return {1.0, 0.0};
+  }
+
+  const PowerGrid grid = power_grid(varsel);
+  const double shift = shift_positive(x);
+  const double dn = static_cast<double>(x.size());
+
+  double sum_log = 0.0;
+  for (const double v : x) sum_log += std::log(v);
+
+  std::vector<double> z(x.size());
+  FArray<double> mean(nc.size(), 0.0);
+  double best = std::numeric_limits<double>::max();
+  double v = 0.0;
+  for (Index ig = 1; ig <= grid.size; ++ig) {
+    const double p = grid(ig);
+    transform(x, p, z);
+    v = class_spread(z, y, nc, mean);
+    const double c = v < kTiny ? kLowGuard : std::log(v) - 2.0 / dn * p * sum_log;
+    // The first power is always taken, even when c is +inf from an overflow.
+    if (ig > 1 && best <= c) {
+      // The walk ends at the first power that does not improve: go back one.
+      const double lambda = grid(ig - 1);
+      transform(x, lambda, x);
+      mse = class_spread(x, y, nc, mean);
+      store_means(mean, nc, xm);
+      return {lambda, shift};
+    }
+    best = c;
+  }
+
+  // Every power improved: the last one stands.
+  for (std::size_t i = 0; i < x.size(); ++i) x[i] = z[i];
+  mse = v;
+  store_means(mean, nc, xm);
+  return {grid(grid.size), shift};
+}
+
+}  // namespace vardel

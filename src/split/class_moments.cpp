@@ -1,0 +1,139 @@
+// meanss and meanss1: class means, grand mean and the three mean squares of
+// each predictor, over all cases or over the cases where it is present.
+#include "split/class_moments.hpp"
+
+namespace vardel {
+namespace {
+
+// Gives mom the shape K by P unless it has it already.
+void shape(Moments& mom, int nclass, int nvar) {
+  if (mom.xmean.extent1() == nclass && mom.xmean.extent2() == nvar && mom.gmean.size() == nvar) {
+    return;
+  }
+  mom.xmean.assign(nclass, nvar, 0.0);
+  mom.gmean.assign(nvar, 0.0);
+  mom.mst.assign(nvar, 0.0);
+  mom.mse.assign(nvar, 0.0);
+  mom.tss.assign(nvar, 0.0);
+  mom.n_used.assign(nvar, 0);
+  mom.m_used.assign(nvar, 0);
+  mom.noc_used.assign(nclass, nvar, 0);
+}
+
+// A sum of squares over its degrees of freedom; 0 when there are none.
+double mean_square(double sum, int df) {
+  return df > 0 ? sum / static_cast<double>(df) : 0.0;
+}
+
+// Moments of column j. Masked: only the cases with misind(i, j) == 'n' count,
+// and the class counts are those of these cases; otherwise noc_all and m_all
+// are the counts of all cases.
+template <bool kMasked>
+void column_moments(const FArray<double>& xdat, const FArray<char>* misind,
+                    std::span<const int> ydat, std::span<const int> noc_all, int m_all, int j,
+                    Moments& mom) {
+  const int n_all = static_cast<int>(xdat.extent1());
+  const int nclass = static_cast<int>(mom.xmean.extent1());
+  FView<const double> x(xdat.column(j));
+  FView<const int> y(ydat);
+  FView<double> xmean(mom.xmean.column(j));
+  FView<int> noc(mom.noc_used.column(j));
+
+  // Pass 1: class sums (kept in xmean until divided), total and counts.
+  for (int k = 1; k <= nclass; ++k) {
+    xmean(k) = 0.0;
+    noc(k) = kMasked ? 0 : noc_all[static_cast<std::size_t>(k - 1)];
+  }
+  double total = 0.0;
+  int n = n_all;
+  int m = m_all;
+  if constexpr (kMasked) {
+    FView<const char> miss(misind->column(j));
+    n = 0;
+    for (int i = 1; i <= n_all; ++i) {
+      if (miss(i) == 'y') continue;
+      xmean(y(i)) += x(i);
+      total += x(i);
+      ++noc(y(i));
+      ++n;
+    }
+    m = 0;
+    for (int k = 1; k <= nclass; ++k) {
+      if (noc(k) > 0) ++m;
+    }
+  } else {
+    for (int i = 1; i <= n_all; ++i) {
+      xmean(y(i)) += x(i);
+      total += x(i);
+    }
+  }
+  for (int k = 1; k <= nclass; ++k) {
+    if (noc(k) != 0) xmean(k) = xmean(k) / static_cast<double>(noc(k));
+  }
+  const double g = n > 0 ? total / static_cast<double>(n) : 0.0;
+
+  double between = 0.0;
+  for (int k = 1; k <= nclass; ++k) {
+    if (noc(k) == 0) continue;
+    const double d = xmean(k) - g;
+    between += static_cast<double>(noc(k)) * (d * d);
+  }
+
+  // Pass 2: squares about the class means and about the grand mean.
+  double within = 0.0;
+  double spread = 0.0;
+  if constexpr (kMasked) {
+    FView<const char> miss(misind->column(j));
+    for (int i = 1; i <= n_all; ++i) {
+      if (miss(i) == 'y') continue;
+      const double dw = x(i) - xmean(y(i));
+      within += dw * dw;
+      const double dt = x(i) - g;
+      spread += dt * dt;
+    }
+  } else {
+    for (int i = 1; i <= n_all; ++i) {
+      const double dw = x(i) - xmean(y(i));
+      within += dw * dw;
+      const double dt = x(i) - g;
+      spread += dt * dt;
+    }
+  }
+
+  mom.gmean(j) = g;
+  mom.mst(j) = mean_square(between, m - 1);
+  mom.mse(j) = mean_square(within, n - m);
+  mom.tss(j) = mean_square(spread, n - 1);
+  mom.n_used(j) = n;
+  mom.m_used(j) = m;
+}
+
+}  // namespace
+
+void meanss(const FArray<double>& xdat, std::span<const int> ydat, std::span<const int> noc, int m,
+            Moments& mom) {
+  const int nvar = static_cast<int>(xdat.extent2());
+  shape(mom, static_cast<int>(noc.size()), nvar);
+  for (int j = 1; j <= nvar; ++j) column_moments<false>(xdat, nullptr, ydat, noc, m, j, mom);
+}
+
+void meanss_column(const FArray<double>& xdat, std::span<const int> ydat, std::span<const int> noc,
+                   int m, int j, Moments& mom) {
+  shape(mom, static_cast<int>(noc.size()), static_cast<int>(xdat.extent2()));
+  column_moments<false>(xdat, nullptr, ydat, noc, m, j, mom);
+}
+
+void meanss1(const FArray<double>& xdat, const FArray<char>& misind, std::span<const int> ydat,
+             int nclass, Moments& mom) {
+  const int nvar = static_cast<int>(xdat.extent2());
+  shape(mom, nclass, nvar);
+  for (int j = 1; j <= nvar; ++j) column_moments<true>(xdat, &misind, ydat, {}, 0, j, mom);
+}
+
+void meanss1_column(const FArray<double>& xdat, const FArray<char>& misind,
+                    std::span<const int> ydat, int nclass, int j, Moments& mom) {
+  shape(mom, nclass, static_cast<int>(xdat.extent2()));
+  column_moments<true>(xdat, &misind, ydat, {}, 0, j, mom);
+}
+
+}  // namespace vardel
