@@ -21,12 +21,12 @@
 #pragma once
 
 #include <limits>
+
+#include "split/guards.hpp"
 #include <span>
 
 namespace vardel {
 
-// The least positive normal double: p-values below it have underflowed.
-inline constexpr double kTiny = 2.2250738585072014e-308;
 // F of a variable whose within-class mean square vanishes while its between
 // mean square does not: the classes are separated perfectly.
 inline constexpr double kHugeF = std::numeric_limits<double>::max();

@@ -194,7 +194,8 @@ void grow_tree(const FArray<double>& x, const FArray<int>& y, const FArray<char>
                const FArray<double>& prob, FArray<int>& termnode) {
   Init& in = init();
   in.nodes = 0;
-  Growth g{x, y, misind, prob, termnode, FArray<int>(in.nclass, 0), static_cast<int>(y.size())};
+  Growth g{x, y, misind, prob, termnode, FArray<int>(in.nclass, 0), static_cast<int>(y.size()),
+           FArray<int>(), 0};
   for (int c : y) ++g.csize(c);
   if (in.impbuild == 1) {
     // Fit on complete cases: a class without a complete case turns the build
