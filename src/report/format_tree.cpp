@@ -43,13 +43,16 @@ void terminal_lines(std::ostream& out, const ReportNode& node, const std::string
   write_list(out, {});
 }
 
-// The condition of a numerical split for child k: child 1 lies at or below
-// the first point, the last child above the last one, the others between two.
+// The condition of a numerical split for child k: the child at the first
+// finite point lies at or below it, the child after the last finite point
+// above that, the others between two. Children before the first finite
+// point (behind leading guards) receive no case and are not shown.
 void numerical_line(std::ostream& out, const ReportNode& node, const UnivariateSplit& s,
-                    const std::string& lead, int k) {
+                    const std::string& lead, int child) {
   const std::string var(trim(init().vname(s.var)));
   const int ncuts = static_cast<int>(s.cuts.size());
-  const bool first = k == 1;
+  const int k = child - s.first_cut + 1;  // the child's place among the finite points
+  const bool first = k <= 1;
   const bool last = !first && k > ncuts;
   std::string piece;
   std::string tail;

@@ -55,20 +55,21 @@ void numerical_rows(Table& tab, const ReportNode& node, const UnivariateSplit& s
   if (s.levene()) {
     write_fmt(
         tab.out, "(i8,i8,i11,2x,a6,3x,a4,a,a,g8.3,a4,g10.5)",
-        {t, node.n, child_number(t, 1), "Levene", "ABS(", var, " - ", s.gmean, ") <=", s.cuts[0]});
+        {t, node.n, child_number(t, s.first_cut), "Levene", "ABS(", var, " - ", s.gmean, ") <=", s.cuts[0]});
   } else if (in.varsel == 2) {
     write_fmt(tab.out, "(i8,i8,i11,a9,6x,a9,4x,a2,g13.5)",
-              {t, node.n, child_number(t, 1), "F", var, "<=", s.cuts[0]});
+              {t, node.n, child_number(t, s.first_cut), "F", var, "<=", s.cuts[0]});
   } else {
     const int inter = s.interaction();
     const std::string& second = inter > 0 ? in.vname(inter) : std::string(8, ' ');
     write_fmt(tab.out, "(i8,i8,i11,3x,a9,7x,a9,a2,g13.5)",
-              {t, node.n, child_number(t, 1), second, var, "<=", s.cuts[0]});
+              {t, node.n, child_number(t, s.first_cut), second, var, "<=", s.cuts[0]});
   }
   const int ncuts = static_cast<int>(s.cuts.size());
   for (int k = 2; k <= ncuts; ++k)
-    write_fmt(tab.out, "(16x,i11,28x,a2,g13.5)", {child_number(t, k), "<=", s.cuts[k - 1]});
-  write_fmt(tab.out, "(16x,i11,28x,a12)", {child_number(t, ncuts + 1), "<   infinity"});
+    write_fmt(tab.out, "(16x,i11,28x,a2,g13.5)",
+              {child_number(t, s.first_cut + k - 1), "<=", s.cuts[k - 1]});
+  write_fmt(tab.out, "(16x,i11,28x,a12)", {child_number(t, s.first_cut + ncuts), "<   infinity"});
 
   write_list(tab.out, {"                     # obs   mean/mode of ", var});
   const std::string fmt = "(11x,a7,a" + tab.w + ",a4,i" + tab.d + ",5x,g12.6)";

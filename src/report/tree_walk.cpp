@@ -95,10 +95,15 @@ UnivariateSplit read_univariate_split(const FView<double>& y) {
   s.test = record_int(y, pos.test_pos);
   if (!s.categorical) {
     s.gmean = y(pos.gmean_pos);
-    // Points not in use hold guard values of the largest magnitude.
+    // Points not in use hold guard values of the largest magnitude: low
+    // guards lead the list where the first subnodes are empty, high guards
+    // end it; the finite points between them are consecutive.
     for (int j = 0; j < k - 1; ++j) {
       const double c = y(pos.cut_pos + j);
-      if (std::fabs(c) < std::numeric_limits<double>::max()) s.cuts.push_back(c);
+      if (std::fabs(c) < std::numeric_limits<double>::max()) {
+        if (s.cuts.empty()) s.first_cut = j + 1;
+        s.cuts.push_back(c);
+      }
     }
     return s;
   }

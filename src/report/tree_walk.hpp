@@ -49,6 +49,7 @@ struct UnivariateSplit {
   // Numerical split variable.
   double gmean = 0.0;        // centre of the absolute deviations under the "L" test
   std::vector<double> cuts;  // the finite split points, ascending
+  int first_cut = 1;         // position of cuts[0] in the record's list (after leading guards)
   // Categorical split variable.
   int catord = 0;            // ordinal among the categorical predictors
   std::vector<int> ncutcat;  // categories sent to each subnode, 1..K
