@@ -1,0 +1,104 @@
+#include "split/boxcox.hpp"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <vector>
+
+#include "split/guards.hpp"
+
+namespace vardel {
+namespace {
+
+// The six-point grid in single precision.
+const double kGrid6[] = {
+    -2.0, -1.2000000476837158, -0.3999999761581421, 0.40000009536743164, 1.2000000476837158, 2.0};
+const std::vector<int> kY = {1, 1, 1, 2, 2, 2}, kNoc = {3, 3};
+
+// v and the criterion for power p, computed directly (two classes of three).
+double spread(const std::vector<double>& x, double p) {
+  std::vector<double> z;
+  for (double v : x) z.push_back(p == 0 ? std::log(v) : (std::pow(v, p) - 1) / p);
+  const double m1 = (z[0] + z[1] + z[2]) / 3, m2 = (z[3] + z[4] + z[5]) / 3;
+  double ss = 0;
+  for (int i = 0; i < 6; ++i) ss += std::pow(z[i] - (i < 3 ? m1 : m2), 2);
+  return ss / 6;
+}
+double criterion(const std::vector<double>& x, double p) {
+  double sum_log = 0;
+  for (double v : x) sum_log += std::log(v);
+  const double v = spread(x, p);
+  return v < kTiny ? kLowGuard : std::log(v) - 2.0 / 6 * p * sum_log;
+}
+
+// Near 1e-9 the power 2 loses x^2 against 1, so v is 0 and the criterion the
+// most negative double: a scan would take 2. The walk rises at -0.4 first.
+TEST(Boxcox, WalkStopsAtFirstRise) {
+  const std::vector<double> x0 = {3e-10, 3e-10, 5e-10, 6e-10, 4e-10, 9e-10};
+  ASSERT_LT(criterion(x0, kGrid6[1]), criterion(x0, kGrid6[0]));
+  ASSERT_GT(criterion(x0, kGrid6[2]), criterion(x0, kGrid6[1]));
+  ASSERT_EQ(criterion(x0, kGrid6[5]), kLowGuard);
+
+  std::vector<double> x = x0, xmean = {0, 0};
+  double mse = 1.0;
+  const BoxCoxResult r = boxcox(x, kY, mse, xmean, kNoc, 2);
+  EXPECT_EQ(r.lambda, kGrid6[1]);
+  EXPECT_EQ(r.shift, 0.0);
+  EXPECT_DOUBLE_EQ(mse, spread(x0, kGrid6[1]));
+  const double z5 = (std::pow(9e-10, kGrid6[1]) - 1) / kGrid6[1];
+  EXPECT_DOUBLE_EQ(x[5], z5);
+  EXPECT_DOUBLE_EQ(xmean[1], (x[3] + x[4] + z5) / 3);
+}
+
+// ln v alone would stop at -2 here, as would the term with its sign turned;
+// with -(2 / n) p sum(ln x) the walk reaches 0.4 (six powers) and 0, the
+// logarithm (eleven). A factor p - 1 in place of p would move every
+// criterion by the same amount, so no walk can tell the two apart.
+TEST(Boxcox, CriterionCarriesTheLogTerm) {
+  const std::vector<double> x0 = {4, 12, 1, 3, 2, 6};
+  for (const auto& [varsel, lambda] : {std::pair{2, kGrid6[3]}, std::pair{1, 0.0}}) {
+    std::vector<double> x = x0, xmean = {0, 0};
+    double mse = 1.0;
+    EXPECT_EQ(boxcox(x, kY, mse, xmean, kNoc, varsel).lambda, lambda);
+    EXPECT_DOUBLE_EQ(mse, spread(x0, lambda));
+  }
+}
+
+TEST(Boxcox, ShiftToPositiveValues) {
+  const struct {
+    std::vector<double> x;
+    double shift;
+  } cases[] = {
+      {{2, 5, 3}, 0},       // least value positive
+      {{1e-20, 2, 3}, -1},  // positive but below eps: moved up by 1
+      {{0, 4, 1}, -1},      // least value 0
+      {{-3, 1, -1}, -5},    // 2 (-3) - (-1): the least value lands at 2
+      {{-2, -2, -2}, -3},   // all equal: shifted to 0, then up by 1
+  };
+  for (const auto& c : cases) {
+    std::vector<double> x = c.x, xmean = {0};
+    double mse = 1.0;
+    const BoxCoxResult r = boxcox(x, std::vector<int>(3, 1), mse, xmean, std::vector<int>{3}, 2);
+    EXPECT_EQ(r.shift, c.shift) << c.x[0];
+  }
+}
+
+// Spread 0 on the power scale at once (all values 1 after the shift): the
+// first power stays. Spread below tiny on entry: power 1, values less 1.
+TEST(Boxcox, NoSpread) {
+  std::vector<double> x = {-2, -2, -2}, xmean = {0};
+  double mse = 1.0;
+  EXPECT_EQ(boxcox(x, std::vector<int>(3, 1), mse, xmean, std::vector<int>{3}, 2).lambda, -2);
+  EXPECT_EQ(mse, 0.0);
+
+  x = {1, 2, 5}, xmean = {1.5, 5}, mse = 1e-310;
+  const BoxCoxResult r = boxcox(x, std::vector<int>{1, 1, 2}, mse, xmean, kNoc, 1);
+  EXPECT_EQ(r.lambda, 1.0);
+  EXPECT_EQ(r.shift, 0.0);
+  EXPECT_EQ(mse, 1e-310);
+  EXPECT_EQ(x, (std::vector<double>{0, 1, 4}));
+  EXPECT_EQ(xmean, (std::vector<double>{0.5, 4}));
+}
+
+}  // namespace
+}  // namespace vardel
