@@ -187,7 +187,8 @@ void tokens_to_numbers(Init& in, const TextTable& x) {
     if (!r) {
       ReadResult where = r;
       where.line = i;
-      input_failure(trim(in.datafile), "a number (case " + std::to_string(i) + ")", where);
+      input_failure(trim(in.datafile), join_text({"a number (case ", std::to_string(i), ")"}),
+                    where);
     }
     for (int j = 1; j <= in.nvar; ++j) in.xdata(i, j) = values[static_cast<std::size_t>(j - 1)];
   }

@@ -25,6 +25,15 @@ std::string adjustl(std::string_view s) {
   return out;
 }
 
+std::string join_text(std::initializer_list<std::string_view> pieces) {
+  std::size_t size = 0;
+  for (std::string_view piece : pieces) size += piece.size();
+  std::string text;
+  text.reserve(size);
+  for (std::string_view piece : pieces) text.append(piece);
+  return text;
+}
+
 bool text_equal(std::string_view a, std::string_view b) {
   if (a.size() < b.size()) std::swap(a, b);
   // a is the longer: its tail beyond b must be blank.

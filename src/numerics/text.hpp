@@ -7,6 +7,7 @@
 #pragma once
 
 #include <cstddef>
+#include <initializer_list>
 #include <string>
 #include <string_view>
 
@@ -23,5 +24,9 @@ std::string adjustl(std::string_view s);
 
 // True when a and b are equal once the shorter is blank-padded to the longer.
 bool text_equal(std::string_view a, std::string_view b);
+
+// The pieces one after the other: formats built at run time from literal
+// parts and numbers, e.g. join_text({"(", std::to_string(w), "x,a)"}).
+std::string join_text(std::initializer_list<std::string_view> pieces);
 
 }  // namespace vardel

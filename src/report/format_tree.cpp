@@ -28,18 +28,19 @@ void terminal_lines(std::ostream& out, const ReportNode& node, const std::string
             {" Node ", node.t, ": Terminal Node, predicted class = ", in.clabel(node.iclass)});
 
   const FArray<int> indx = class_order(in.clabel);
-  const std::string margin = "(" + std::to_string(indent + 2) + "x,a15," + std::to_string(k);
-  const std::string field = std::to_string(width + 1) + ")";
+  const std::string margin =
+      join_text({"(", std::to_string(indent + 2), "x,a15,", std::to_string(k)});
+  const std::string field = join_text({std::to_string(width + 1), ")"});
   // Trimmed, so that each label stands right-adjusted in its field.
   std::vector<std::string> labels;
   for (int j = 1; j <= k; ++j) labels.emplace_back(trim(in.clabel(indx(j))));
   std::vector<FmtItem> items{" Class label :"};
   for (const std::string& label : labels) items.emplace_back(label);
-  write_fmt(out, margin + "a" + field, items);
+  write_fmt(out, join_text({margin, "a", field}), items);
 
   items.assign({" Class size  :"});
   for (int j = 1; j <= k; ++j) items.emplace_back(node.count(indx(j)));
-  write_fmt(out, margin + "i" + field, items);
+  write_fmt(out, join_text({margin, "i", field}), items);
   write_list(out, {});
 }
 
@@ -58,7 +59,7 @@ void numerical_line(std::ostream& out, const ReportNode& node, const UnivariateS
   std::string tail;
   std::vector<FmtItem> items{" Node ", node.t};
   if (s.levene()) {
-    piece = ": ABS(" + var + " - ";
+    piece = join_text({": ABS(", var, " - "});
     items.emplace_back(piece);
     items.emplace_back(s.gmean);
     if (first || last) {
@@ -67,20 +68,24 @@ void numerical_line(std::ostream& out, const ReportNode& node, const UnivariateS
       items.emplace_back(first ? s.cuts.front() : s.cuts.back());
     } else {
       tail = ",g12.6,a6,g12.6,a1,g12.6,a1)";
-      items.insert(items.end(), {") in (", s.cuts[k - 2], ",", s.cuts[k - 1], "]"});
+      for (FmtItem item : {FmtItem(") in ("), FmtItem(s.cuts[k - 2]), FmtItem(","),
+                           FmtItem(s.cuts[k - 1]), FmtItem("]")})
+        items.push_back(item);
     }
   } else if (first || last) {
-    piece = ": " + var + (first ? " <= " : " > ");
+    piece = join_text({": ", var, first ? " <= " : " > "});
     items.emplace_back(piece);
     items.emplace_back(first ? s.cuts.front() : s.cuts.back());
     tail = ",g12.6)";
   } else {
-    piece = ": " + var + " in (";
+    piece = join_text({": ", var, " in ("});
     items.emplace_back(piece);
-    items.insert(items.end(), {s.cuts[k - 2], ",", s.cuts[k - 1], "]"});
+    for (FmtItem item :
+         {FmtItem(s.cuts[k - 2]), FmtItem(","), FmtItem(s.cuts[k - 1]), FmtItem("]")})
+      items.push_back(item);
     tail = ",g12.6,a1,g12.6,a1)";
   }
-  write_fmt(out, lead + ",a" + std::to_string(piece.size()) + tail, items);
+  write_fmt(out, join_text({lead, ",a", std::to_string(piece.size()), tail}), items);
 }
 
 // The categories that lead to child k; further lines start under the first.
@@ -89,8 +94,8 @@ void categorical_line(std::ostream& out, const ReportNode& node, const Univariat
   const std::string piece = ": " + std::string(trim(init().vname(s.var))) + " = ";
   const std::vector<std::string> labels = s.child_labels(k);
   const int margin = indent + 6 + digit_count(node.t) + static_cast<int>(piece.size());
-  const std::string fmt = category_list_format(lead + ",a" + std::to_string(piece.size()), labels,
-                                               margin, kStructureFormatLimit);
+  const std::string fmt = category_list_format(
+      join_text({lead, ",a", std::to_string(piece.size())}), labels, margin, kStructureFormatLimit);
   std::vector<FmtItem> items{" Node ", node.t, piece};
   for (const std::string& label : labels) items.emplace_back(label);
   write_fmt(out, fmt, items);
@@ -103,7 +108,8 @@ void format_tree(std::ostream& out, int t, int width) {
   if (!node) return;
   const Init& in = init();
   const int indent = 2 * node_depth(t) + 1;
-  const std::string lead = "(" + std::to_string(indent) + "x,a6,i" + std::to_string(digit_count(t));
+  const std::string lead =
+      join_text({"(", std::to_string(indent), "x,a6,i", std::to_string(digit_count(t))});
   if (node->terminal()) {
     terminal_lines(out, *node, lead, indent, width);
     return;

@@ -53,9 +53,9 @@ void numerical_rows(Table& tab, const ReportNode& node, const UnivariateSplit& s
   const std::string& var = in.vname(s.var);
   const int t = node.t;
   if (s.levene()) {
-    write_fmt(
-        tab.out, "(i8,i8,i11,2x,a6,3x,a4,a,a,g8.3,a4,g10.5)",
-        {t, node.n, child_number(t, s.first_cut), "Levene", "ABS(", var, " - ", s.gmean, ") <=", s.cuts[0]});
+    write_fmt(tab.out, "(i8,i8,i11,2x,a6,3x,a4,a,a,g8.3,a4,g10.5)",
+              {t, node.n, child_number(t, s.first_cut), "Levene", "ABS(", var, " - ", s.gmean,
+               ") <=", s.cuts[0]});
   } else if (in.varsel == 2) {
     write_fmt(tab.out, "(i8,i8,i11,a9,6x,a9,4x,a2,g13.5)",
               {t, node.n, child_number(t, s.first_cut), "F", var, "<=", s.cuts[0]});

@@ -21,13 +21,6 @@ std::string text_of(std::string_view s) {
   return std::string(trim(adjustl(s)));
 }
 
-// A format assembled at run time from literal pieces and numbers.
-std::string built_format(std::initializer_list<std::string> pieces) {
-  std::string fmt;
-  for (const std::string& piece : pieces) fmt += piece;
-  return fmt;
-}
-
 // Number of decimal digits of a non-negative whole number, at least 1.
 int digits(long long value) {
   int d = 1;
@@ -66,8 +59,8 @@ void write_priors(std::ostream& out, const Init& in, const FArray<int>& indx, in
   else
     write_fmt(out, "(a)", {" Prior selection: Prior probabilities are given by user"});
   const int v = std::max(w, 5);
-  const std::string head = built_format({"(3x,a", std::to_string(v), ",1x,a)"});
-  const std::string row = built_format({"(3x,a", std::to_string(v), ",1x,f8.3)"});
+  const std::string head = join_text({"(3x,a", std::to_string(v), ",1x,a)"});
+  const std::string row = join_text({"(3x,a", std::to_string(v), ",1x,f8.3)"});
   write_fmt(out, head, {"Class", "prior (scaled to have sum 1)"});
   for (int k = 1; k <= in.nclass; ++k) write_fmt(out, row, {in.clabel(indx(k)), in.prob(indx(k))});
 }
@@ -87,13 +80,13 @@ void write_costs(std::ostream& out, const Init& in, const FArray<int>& indx, int
   const int k = in.nclass;
   std::vector<FmtItem> labels;
   for (int p = 1; p <= k; ++p) labels.emplace_back(in.clabel(indx(p)));
-  write_fmt(out,
-            built_format(
-                {"(", std::to_string(e + 4), "x,", std::to_string(k), "a", std::to_string(f), ")"}),
-            labels);
-  write_fmt(out, built_format({"(3x,a", std::to_string(e), ",1x,a)"}),
+  write_fmt(
+      out,
+      join_text({"(", std::to_string(e + 4), "x,", std::to_string(k), "a", std::to_string(f), ")"}),
+      labels);
+  write_fmt(out, join_text({"(3x,a", std::to_string(e), ",1x,a)"}),
             {"Actual class", "---------------------"});
-  const std::string row = built_format(
+  const std::string row = join_text(
       {"(3x,a", std::to_string(e), ",1x,", std::to_string(k), "f", std::to_string(f), ".3)"});
   for (int a = 1; a <= k; ++a) {
     std::vector<FmtItem> items{FmtItem(in.clabel(indx(a)))};

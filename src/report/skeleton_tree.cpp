@@ -15,8 +15,8 @@ void skeleton_tree(std::ostream& out, int t) {
   const std::optional<ReportNode> node = shown_node(t);
   if (!node) return;
   const Init& in = init();
-  const std::string lead =
-      "(" + std::to_string(2 * node_depth(t) + 5) + "x,i" + std::to_string(digit_count(t));
+  const std::string lead = join_text(
+      {"(", std::to_string(2 * node_depth(t) + 5), "x,i", std::to_string(digit_count(t))});
   if (node->terminal()) {
     write_fmt(out, lead + ",a)", {t, "  * terminal *  "});
     return;
@@ -34,7 +34,7 @@ void skeleton_tree(std::ostream& out, int t) {
       throw std::logic_error("skeleton_tree: no skeleton lines for this split type");
   }
   // The name stands right-adjusted two blanks behind the node number.
-  write_fmt(out, lead + ",a" + std::to_string(split.size() + 2) + ")", {t, split});
+  write_fmt(out, join_text({lead, ",a", std::to_string(split.size() + 2), ")"}), {t, split});
 
   for (int k = 1; k <= node->nchildren; ++k) skeleton_tree(out, child_number(t, k));
 }

@@ -127,13 +127,13 @@ std::string category_list_format(std::string head, const std::vector<std::string
     // A line is never started without a label to put on it.
     const bool more = i + 1 < labels.size();
     if (running > kCategoryLineLength && more && head.size() <= limit) {
-      head += "," + std::to_string(count) + "a,/," + std::to_string(margin) + "x";
+      head = join_text({head, ",", std::to_string(count), "a,/,", std::to_string(margin), "x"});
       running = 0;
       count = 0;
     }
   }
-  if (count > 0) head += "," + std::to_string(count) + "a";
-  return head + ")";
+  if (count > 0) head = join_text({head, ",", std::to_string(count), "a"});
+  return join_text({head, ")"});
 }
 
 }  // namespace vardel
