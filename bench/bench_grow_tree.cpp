@@ -39,8 +39,8 @@ void make_sample(int cases) {
     ++in.noc(cls);
     for (int j = 1; j <= kNumerical; ++j) {
       double v = 10.0 * uniform();
-      if (j <= 3) v += 2.0 * cls * j;                      // informative
-      if (j == 4) v *= cls;                                // differs in spread
+      if (j <= 3) v += 2.0 * cls * j;                    // informative
+      if (j == 4) v *= cls;                              // differs in spread
       in.xdata(i, j) = std::round(v * 1000.0) / 1000.0;  // three decimals, as in a file
     }
   }
@@ -66,6 +66,10 @@ void BM_GrowLargestTree(benchmark::State& state) {
   state.SetItemsProcessed(state.iterations() * cases);
 }
 
-BENCHMARK(BM_GrowLargestTree)->Arg(100000)->Arg(1000000)->Unit(benchmark::kMillisecond)->Iterations(1);
+BENCHMARK(BM_GrowLargestTree)
+    ->Arg(100000)
+    ->Arg(1000000)
+    ->Unit(benchmark::kMillisecond)
+    ->Iterations(1);
 
 }  // namespace

@@ -52,7 +52,8 @@ void column_centres(const FArray<double>& xdat, std::span<const int> cdat,
     const long code = std::lround(xdat(i, j));
     if (code < 1 || code > numcat) continue;
     ++counts[static_cast<std::size_t>(code)];
-    if (classes > 0) ++counts[static_cast<std::size_t>(cdat[i - 1]) * width + static_cast<std::size_t>(code)];
+    if (classes > 0)
+      ++counts[static_cast<std::size_t>(cdat[i - 1]) * width + static_cast<std::size_t>(code)];
   }
   for (std::size_t g = 0; g < groups; ++g) {
     int best = 0;
@@ -67,7 +68,8 @@ void column_centres(const FArray<double>& xdat, std::span<const int> cdat,
 
 }  // namespace
 
-void getgrand(const FArray<double>& xdat, const FArray<char>& misind, int n, FArray<double>& grand) {
+void getgrand(const FArray<double>& xdat, const FArray<char>& misind, int n,
+              FArray<double>& grand) {
   const Init& in = init();
   const FArray<int> ordinal = categorical_ordinals(in);
   std::vector<double> centre, sums;
@@ -99,7 +101,8 @@ void getmeanmode(const FArray<double>& xdat, std::span<const int> cdat, const FA
 }
 
 void meanmode_sub(FArray<double>& xdat, std::span<const int> cdat, const FArray<char>& misind,
-                  std::span<const int> noc, int n, FArray<double>& grand, FArray<double>& meanmode) {
+                  std::span<const int> noc, int n, FArray<double>& grand,
+                  FArray<double>& meanmode) {
   getmeanmode(xdat, cdat, misind, noc, n, grand, meanmode);
   for (int j = 1; j <= init().nvar; ++j)
     for (int i = 1; i <= n; ++i)

@@ -33,12 +33,18 @@ struct Traits {
 
 Traits traits_of(Member member) {
   switch (member) {
-    case Member::c0: return {FitSet::all, Tests::common, Levene::select2, false};
-    case Member::c1: return {FitSet::complete, Tests::common, Levene::select2, false};
-    case Member::c3: return {FitSet::available, Tests::per_variable, Levene::select6, false};
-    case Member::c15: return {FitSet::complete, Tests::ranked, Levene::select4, true};
-    case Member::c25: return {FitSet::all, Tests::ranked, Levene::select4, true};
-    case Member::c5: return {FitSet::available, Tests::ranked, Levene::select6, true};
+    case Member::c0:
+      return {FitSet::all, Tests::common, Levene::select2, false};
+    case Member::c1:
+      return {FitSet::complete, Tests::common, Levene::select2, false};
+    case Member::c3:
+      return {FitSet::available, Tests::per_variable, Levene::select6, false};
+    case Member::c15:
+      return {FitSet::complete, Tests::ranked, Levene::select4, true};
+    case Member::c25:
+      return {FitSet::all, Tests::ranked, Levene::select4, true};
+    case Member::c5:
+      return {FitSet::available, Tests::ranked, Levene::select6, true};
   }
   return {FitSet::all, Tests::common, Levene::select2, false};
 }
@@ -113,11 +119,13 @@ Choice choose_variable(const Init& in, const Traits& tr, const TestView& t, Mome
       meanss(t.x, t.y.span(), t.noc.span(), t.m, mom);
       pf = select1(mom, vtype);
     }
-    if (ncat > 0) pc = chi_sq(t.x, t.y.span(), t.noc.span(), t.m, in.catpos.span(), in.numcat.span());
+    if (ncat > 0)
+      pc = chi_sq(t.x, t.y.span(), t.noc.span(), t.m, in.catpos.span(), in.numcat.span());
   } else if (tr.tests == Tests::per_variable) {
     meanss1(t.x, t.mis, t.y.span(), in.nclass, mom);
     if (numerical) pf = select3(mom, vtype);
-    if (ncat > 0) pc = chi_sq1(t.x, t.mis, t.y.span(), in.nclass, in.catpos.span(), in.numcat.span());
+    if (ncat > 0)
+      pc = chi_sq1(t.x, t.mis, t.y.span(), in.nclass, in.catpos.span(), in.numcat.span());
   } else {
     if (tr.fit == FitSet::complete && numerical) {
       // Complete cases: the two forms of the moments agree; the fit reads meanss's.
@@ -132,7 +140,8 @@ Choice choose_variable(const Init& in, const Traits& tr, const TestView& t, Mome
       pf = ch.f1;
     }
     if (ncat > 0) {
-      const TwoBest cb = chi_sq5(t.x, t.mis, t.y.span(), in.nclass, in.catpos.span(), in.numcat.span());
+      const TwoBest cb =
+          chi_sq5(t.x, t.mis, t.y.span(), in.nclass, in.catpos.span(), in.numcat.span());
       ch.c1 = cb.first;
       ch.c2 = cb.second;
       pc = ch.c1;
@@ -239,7 +248,8 @@ void column_moments(const Column& col, int k_classes, FArray<double>& xmean, dou
 
 void fit_alternate(const Init& in, const Traits& tr, const NodeSample& node, SplitResult& s) {
   const int k_classes = in.nclass;
-  const Column col = column_over(node, s.alt_var, k_classes, true, tr.fit == FitSet::complete, in.nvar);
+  const Column col =
+      column_over(node, s.alt_var, k_classes, true, tr.fit == FitSet::complete, in.nvar);
   const FArray<double> w = class_weights(node, col.noc, true);
   FArray<double> xmean;
   double mse = 0.0;
@@ -275,9 +285,10 @@ SplitResult classify(Member member, const NodeSample& node) {
       return s;
     }
   }
-  const TestView view = tr.fit == FitSet::complete
-                            ? TestView{complete.x, complete.y, complete.mis, complete.noc, complete.m}
-                            : TestView{node.xdat, node.ydat, node.misind, node.noc, node.m};
+  const TestView view =
+      tr.fit == FitSet::complete
+          ? TestView{complete.x, complete.y, complete.mis, complete.noc, complete.m}
+          : TestView{node.xdat, node.ydat, node.misind, node.noc, node.m};
   Moments mom;
   const Choice ch = choose_variable(in, tr, view, mom);
   s.var = ch.var;

@@ -65,33 +65,52 @@ void pack_counts(std::vector<double>& y, int n, int iclass, double rt, const FAr
   for (int v : noc) y.push_back(v);
 }
 
-int parent_of(int t, int k_classes) { return t == 1 ? 0 : (t - 2) / k_classes + 1; }
+int parent_of(int t, int k_classes) {
+  return t == 1 ? 0 : (t - 2) / k_classes + 1;
+}
 
-void ldfuni_fit(Growth& g, int t) {
+// The given rows (counted from 1) of a cases-by-predictors table, in order,
+// copied column by column.
+template <class T>
+FArray<T> gather_rows(const FArray<T>& from, const std::vector<int>& rows, T fill) {
+  const int n = static_cast<int>(rows.size());
+  FArray<T> to(n, from.extent2(), fill);
+  for (int j = 1; j <= from.extent2(); ++j) {
+    const std::span<const T> source = from.column(j);
+    const std::span<T> target = to.column(j);
+    for (int r = 0; r < n; ++r)
+      target[static_cast<std::size_t>(r)] =
+          source[static_cast<std::size_t>(rows[static_cast<std::size_t>(r)] - 1)];
+  }
+  return to;
+}
+
+// The cases of one node: their positions in the sample (in case order) and
+// the node's own copy of their predictor values and missing flags. A child's
+// copy is taken from its parent's, whose missing cells may already hold the
+// parent's class centres: every node fills its missing cells afresh before
+// it reads them, so those values are never used.
+struct NodeCases {
+  std::vector<int> members;
+  FArray<double> x;
+  FArray<char> mis;
+};
+
+// Finishes node t and everything below it.
+void ldfuni_fit(Growth& g, int t, NodeCases cases) {
   Init& in = init();
   const int k_classes = in.nclass;
   const int p = in.nvar;
   ++in.nodes;
 
   NodeSample node;
-  int n = 0;
-  for (int v : g.termnode) n += v == t;
+  std::vector<int> members = std::move(cases.members);
+  const int n = static_cast<int>(members.size());
   node.n = n;
-  node.xdat.assign(n, p, 0.0);
-  node.misind.assign(n, p, 'n');
+  node.xdat = std::move(cases.x);
+  node.misind = std::move(cases.mis);
   node.ydat.assign(n, 0);
   node.noc.assign(k_classes, 0);
-  std::vector<int> members;  // positions of the node's cases in the sample
-  members.reserve(static_cast<std::size_t>(n));
-  for (int i = 1; i <= g.termnode.size(); ++i)
-    if (g.termnode(i) == t) members.push_back(i);
-  for (int j = 1; j <= p; ++j) {
-    for (int r = 1; r <= n; ++r) {
-      const int i = members[static_cast<std::size_t>(r - 1)];
-      node.xdat(r, j) = g.x(i, j);
-      node.misind(r, j) = g.misind(i, j);
-    }
-  }
   for (int r = 1; r <= n; ++r) {
     node.ydat(r) = g.y(members[static_cast<std::size_t>(r - 1)]);
     ++node.noc(node.ydat(r));
@@ -162,11 +181,27 @@ void ldfuni_fit(Growth& g, int t) {
       }
       tree_store().add_node(t, parent_of(t, k_classes), record);
 
-      for (int r = 1; r <= n; ++r)
-        g.termnode(members[static_cast<std::size_t>(r - 1)]) = (t - 1) * k_classes + 1 + split.py(r);
+      // Each child's cases, in case order, with its copy of their values.
+      std::vector<NodeCases> children(static_cast<std::size_t>(k_classes));
+      std::vector<std::vector<int>> rows(static_cast<std::size_t>(k_classes));
+      for (int r = 1; r <= n; ++r) {
+        const int i = members[static_cast<std::size_t>(r - 1)];
+        g.termnode(i) = (t - 1) * k_classes + 1 + split.py(r);
+        const auto k = static_cast<std::size_t>(split.py(r) - 1);
+        children[k].members.push_back(i);
+        rows[k].push_back(r);
+      }
+      for (std::size_t k = 0; k < children.size(); ++k) {
+        children[k].x = gather_rows(node.xdat, rows[k], 0.0);
+        children[k].mis = gather_rows(node.misind, rows[k], 'n');
+      }
       node = NodeSample{};
       split = SplitResult{};
-      for (int k = 1; k <= k_classes; ++k) ldfuni_fit(g, (t - 1) * k_classes + k + 1);
+      members = {};
+      rows = {};
+      for (int k = 1; k <= k_classes; ++k)
+        ldfuni_fit(g, (t - 1) * k_classes + k + 1,
+                   std::move(children[static_cast<std::size_t>(k - 1)]));
       return;
     }
   }
@@ -181,11 +216,16 @@ void ldfuni_fit(Growth& g, int t) {
 bool growth_available(const char** reason) {
   const Init& in = init();
   const char* why = nullptr;
-  if (in.splittype != 1) why = "linear combination splits and bivariate node models";
-  else if (in.ncat > 0) why = "categorical predictors";
-  else if (in.splitsel == 2) why = "exhaustive split search";
-  else if (in.varsel != 2) why = "variable selection by the 2D method";
-  else if (in.impprune == 6) why = "proxy splits";
+  if (in.splittype != 1)
+    why = "linear combination splits and bivariate node models";
+  else if (in.ncat > 0)
+    why = "categorical predictors";
+  else if (in.splitsel == 2)
+    why = "exhaustive split search";
+  else if (in.varsel != 2)
+    why = "variable selection by the 2D method";
+  else if (in.impprune == 6)
+    why = "proxy splits";
   if (reason != nullptr) *reason = why;
   return why == nullptr;
 }
@@ -194,8 +234,15 @@ void grow_tree(const FArray<double>& x, const FArray<int>& y, const FArray<char>
                const FArray<double>& prob, FArray<int>& termnode) {
   Init& in = init();
   in.nodes = 0;
-  Growth g{x, y, misind, prob, termnode, FArray<int>(in.nclass, 0), static_cast<int>(y.size()),
-           FArray<int>(), 0};
+  Growth g{x,
+           y,
+           misind,
+           prob,
+           termnode,
+           FArray<int>(in.nclass, 0),
+           static_cast<int>(y.size()),
+           FArray<int>(),
+           0};
   for (int c : y) ++g.csize(c);
   if (in.impbuild == 1) {
     // Fit on complete cases: a class without a complete case turns the build
@@ -211,7 +258,12 @@ void grow_tree(const FArray<double>& x, const FArray<int>& y, const FArray<char>
     for (int c : g.csize1)
       if (c == 0) in.impbuild = 2;
   }
-  ldfuni_fit(g, 1);
+  NodeCases root;  // the cases whose node is 1
+  for (int i = 1; i <= termnode.size(); ++i)
+    if (termnode(i) == 1) root.members.push_back(i);
+  root.x = gather_rows(x, root.members, 0.0);
+  root.mis = gather_rows(misind, root.members, 'n');
+  ldfuni_fit(g, 1, std::move(root));
 }
 
 }  // namespace vardel

@@ -19,7 +19,8 @@ class GrowTree : public ::testing::Test {
     init().reset();
   }
   // columns: one vector of values per predictor; classes: 1..k per case.
-  void setup(int k, const std::vector<std::vector<double>>& columns, const std::vector<int>& classes) {
+  void setup(int k, const std::vector<std::vector<double>>& columns,
+             const std::vector<int>& classes) {
     Init& in = init();
     in.reset();
     tree_store().reset();
