@@ -6,8 +6,11 @@
 #include "run/init.hpp"
 #include "split/backtran.hpp"
 #include "split/boxcox.hpp"
+#include "split/catsplit.hpp"
 #include "split/chi_square_test.hpp"
 #include "split/class_moments.hpp"
+#include "split/exhaust.hpp"
+#include "split/crim.hpp"
 #include "split/guards.hpp"
 #include "split/ldfuni.hpp"
 #include "split/levene.hpp"
@@ -262,6 +265,12 @@ void fit_alternate(const Init& in, const Traits& tr, const NodeSample& node, Spl
   }
 }
 
+// The coordinate of a case's category; 0 for a code that is no category.
+double coordinate_of(const FArray<double>& a, double code) {
+  const long j = std::lround(code);
+  return j >= 1 && j <= a.size() ? a(j) : 0.0;
+}
+
 }  // namespace
 
 SplitResult classify(Member member, const NodeSample& node) {
@@ -309,8 +318,25 @@ SplitResult classify(Member member, const NodeSample& node) {
                            tr.fit == FitSet::complete, p);
   const FArray<double> w = class_weights(node, col.noc, subset);
   FArray<double> xmean(k_classes, 0.0);
-  for (int k = 1; k <= k_classes; ++k) xmean(k) = mom.xmean(k, s.var);
-  double mse = mom.mse(s.var);
+  double mse = 0.0;
+  Coordinates co;  // categorical split variable: the coordinate of each category
+  if (s.c > 0) {
+    const int numcat = in.numcat(s.c);
+    if (member == Member::c0) {
+      co = crim1(col.x, col.y, col.noc.span(), numcat);
+    } else if (subset) {
+      co = crim2(col.x, col.y, col.noc.span(), {}, numcat);
+    } else {
+      // Fitted on the cases where the variable is present, applied to all.
+      Column fit = column_over(node, s.var, k_classes, true, false, p);
+      co = crim2(fit.x, fit.y, fit.noc.span(), col.x, numcat);
+    }
+    xmean = co.xmean;
+    mse = co.mse;
+  } else {
+    for (int k = 1; k <= k_classes; ++k) xmean(k) = mom.xmean(k, s.var);
+    mse = mom.mse(s.var);
+  }
 
   FArray<double> coef;
   std::vector<int> fit_py(col.x.size(), k_classes);
@@ -322,6 +348,7 @@ SplitResult classify(Member member, const NodeSample& node) {
     }
     splitpt(coef, col.x, col.noc.span(), col.y, s.cutpt.span(), fit_py);
     backtran(s.cutpt.span(), bc.lambda, bc.shift);
+    if (s.c > 0) catsplit(co.a.span(), s.cutpt.span(), s.ncutcat, s.cutcat);
   } else {
     const double g = s.gmean;
     for (double& v : col.x) v = std::fabs(v - g);
@@ -341,9 +368,77 @@ SplitResult classify(Member member, const NodeSample& node) {
   std::vector<double> all(static_cast<std::size_t>(node.n));
   for (int i = 1; i <= node.n; ++i) {
     const double v = node.xdat(i, s.var);
-    all[static_cast<std::size_t>(i - 1)] = s.test == 'L' ? std::fabs(v - s.gmean) : v;
+    double& value = all[static_cast<std::size_t>(i - 1)];
+    if (s.c > 0)
+      value = coordinate_of(co.a, v);
+    else
+      value = s.test == 'L' ? std::fabs(v - s.gmean) : v;
   }
   getpy(s.cutpt.span(), all, s.py.span());
+  return s;
+}
+
+}  // namespace vardel
+
+namespace vardel {
+
+namespace {
+
+// The node record's view of an exhaustive split.
+SplitResult from_exhaust(const Init& in, ExhaustResult&& e, int cases) {
+  SplitResult s;
+  s.cutpt.assign(in.nclass - 1, kLowGuard);
+  s.coef5.assign(in.nclass, 2, 0.0);
+  s.crimcord5.assign(in.ncat > 0 ? in.largest_numcat() : 1, 0.0);
+  s.success = e.found;
+  s.var = e.var;
+  s.c = e.c;
+  s.py = std::move(e.py);
+  if (s.py.size() != cases) s.py.assign(cases, 2);
+  if (e.c > 0) {
+    s.ncutcat = std::move(e.ncutcat);
+    s.cutcat = std::move(e.cutcat);
+  } else if (e.found) {
+    s.cutpt(1) = e.cutpt;
+  }
+  return s;
+}
+
+}  // namespace
+
+SplitResult exhaust0(const NodeSample& node) {
+  const Init& in = init();
+  const Traits tr{FitSet::available, Tests::ranked, Levene::select6, false};
+  Moments mom;
+  const Choice ch =
+      choose_variable(in, tr, TestView{node.xdat, node.ydat, node.misind, node.noc, node.m}, mom);
+  const double gmean = ch.var > 0 && ch.var <= mom.gmean.size() ? mom.gmean(ch.var) : 0.0;
+  ExhaustResult e;
+  if (ch.test == 'L') {
+    // Searched on the absolute deviations from the variable's mean.
+    FArray<double> x = node.xdat;
+    for (double& v : x.column(ch.var)) v = std::fabs(v - gmean);
+    e = exhaust(x, node.ydat.span(), node.misind, ch.var, node.csize.span(), node.prob.span());
+  } else {
+    e = exhaust(node.xdat, node.ydat.span(), node.misind, ch.var, node.csize.span(),
+                node.prob.span());
+  }
+  SplitResult s = from_exhaust(in, std::move(e), node.n);
+  s.test = ch.test;
+  s.gmean = gmean;
+  return s;
+}
+
+SplitResult exhaust_all(const NodeSample& node) {
+  const Init& in = init();
+  SplitResult s = from_exhaust(
+      in, exhaust(node.xdat, node.ydat.span(), node.misind, 0, node.csize.span(), node.prob.span()),
+      node.n);
+  if (s.var > 0 && s.c == 0) {
+    double sum = 0.0;  // the variable's plain mean over the node's cases
+    for (int i = 1; i <= node.n; ++i) sum += node.xdat(i, s.var);
+    s.gmean = node.n > 0 ? sum / node.n : 0.0;
+  }
   return s;
 }
 

@@ -23,4 +23,11 @@ enum class Member { c0, c1, c3, c15, c25, c5 };
 
 SplitResult classify(Member member, const NodeSample& node);
 
+// Two classes, split by exhaustive search: exhaust0 chooses the variable by
+// the tests of the 1D method (on each variable's available cases, with the
+// alternate-style ranking) and searches it alone; exhaust_all searches every
+// variable. Missing cells must already hold the node's class centres.
+SplitResult exhaust0(const NodeSample& node);
+SplitResult exhaust_all(const NodeSample& node);
+
 }  // namespace vardel

@@ -31,28 +31,41 @@ struct Growth {
   int ncomplete = 0;
 };
 
+enum class Search { classify, exhaust0, exhaust_all };
+
 struct Dispatch {
+  Search search;
   Member member;
   bool node_means;  // fill missing cells with the node's class centres first
 };
 
 // The split routine of a node, from the missing-value settings as they
 // stand (they may change during a build).
-Dispatch dispatch(const Init& in) {
+Dispatch dispatch(Init& in) {
+  if (in.splitsel == 2) {
+    // Exhaustive search: a lasting change of both missing-value settings.
+    in.impbuild = 3;
+    in.impprune = 2;
+    if (in.varsel == 2) return {Search::exhaust0, Member::c0, true};
+    if (in.varsel == 3) return {Search::exhaust_all, Member::c0, true};
+    std::cout << "  ***ERROR*** Variable selection by the 2D method is not available in this version"
+              << std::endl;
+    stop_run(1);
+  }
   const int b = in.impbuild;
   const int r = in.impprune;
-  if (in.misslearn != 'y' && in.misstest != 'y') return {Member::c0, false};
+  if (in.misslearn != 'y' && in.misstest != 'y') return {Search::classify, Member::c0, false};
   if (r < 5) {
-    if (b == 1) return {Member::c1, true};
-    if (b == 2) return {Member::c0, true};
-    if (b == 3) return {Member::c3, true};
-    return {Member::c0, false};
+    if (b == 1) return {Search::classify, Member::c1, true};
+    if (b == 2) return {Search::classify, Member::c0, true};
+    if (b == 3) return {Search::classify, Member::c3, true};
+    return {Search::classify, Member::c0, false};
   }
   if (r == 5) {
-    if (b == 1) return {Member::c15, true};
-    if (b == 2) return {Member::c25, true};
-    if (b == 3) return {Member::c5, true};
-    return {Member::c25, false};
+    if (b == 1) return {Search::classify, Member::c15, true};
+    if (b == 2) return {Search::classify, Member::c25, true};
+    if (b == 3) return {Search::classify, Member::c5, true};
+    return {Search::classify, Member::c25, false};
   }
   std::cout << "  ***ERROR*** Proxy splits are not available in this version" << std::endl;
   stop_run(1);
@@ -150,7 +163,9 @@ void ldfuni_fit(Growth& g, int t, NodeCases cases) {
     node.prob = g.prob;
     node.csize = g.csize;
     node.nobs = g.nobs;
-    SplitResult split = classify(d.member, node);
+    SplitResult split = d.search == Search::exhaust0      ? exhaust0(node)
+                        : d.search == Search::exhaust_all ? exhaust_all(node)
+                                                          : classify(d.member, node);
 
     // A split that leaves every case in one subnode is no split.
     for (int k = 1; k <= k_classes && split.success; ++k) {
