@@ -48,8 +48,9 @@ Dispatch dispatch(Init& in) {
     in.impprune = 2;
     if (in.varsel == 2) return {Search::exhaust0, Member::c0, true};
     if (in.varsel == 3) return {Search::exhaust_all, Member::c0, true};
-    std::cout << "  ***ERROR*** Variable selection by the 2D method is not available in this version"
-              << std::endl;
+    std::cout
+        << "  ***ERROR*** Variable selection by the 2D method is not available in this version"
+        << std::endl;
     stop_run(1);
   }
   const int b = in.impbuild;
@@ -233,11 +234,7 @@ bool growth_available(const char** reason) {
   const char* why = nullptr;
   if (in.splittype != 1)
     why = "linear combination splits and bivariate node models";
-  else if (in.ncat > 0)
-    why = "categorical predictors";
-  else if (in.splitsel == 2)
-    why = "exhaustive split search";
-  else if (in.varsel != 2)
+  else if (in.varsel == 1)
     why = "variable selection by the 2D method";
   else if (in.impprune == 6)
     why = "proxy splits";

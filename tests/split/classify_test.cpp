@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <vector>
 
@@ -111,6 +112,49 @@ TEST_F(Classify, AvailableCasesFitAndTheAlternateIsTheNextBestVariable) {
   EXPECT_EQ(s.py(4), 1);
   EXPECT_EQ(s.py(9), 3);
   EXPECT_EQ(s.py(5), 2);
+}
+
+TEST_F(Classify, CategoricalVariableIsSplitByCategoryLists) {
+  // Category 1 is mostly class 1, category 2 mostly class 2, category 3
+  // mostly class 3; the numerical variable is noise. Category 4 never occurs.
+  std::vector<double> kind;
+  std::vector<double> noise;
+  std::vector<int> y;
+  const int table[3][3] = {{8, 1, 1}, {1, 8, 1}, {1, 1, 8}};  // cases of (category, class)
+  for (int cat = 1; cat <= 3; ++cat)
+    for (int cls = 1; cls <= 3; ++cls)
+      for (int r = 0; r < table[cat - 1][cls - 1]; ++r) {
+        kind.push_back(cat);
+        noise.push_back((cat * 5 + cls * 3 + r) % 7);
+        y.push_back(cls);
+      }
+  NodeSample node = node_of({noise, kind}, y, 3);
+  Init& in = init();
+  in.ncat = 1;
+  in.vtype(2) = 'c';
+  in.catpos.assign(1, 2);
+  in.numcat.assign(1, 4);
+  const SplitResult s = classify(Member::c0, node);
+  ASSERT_TRUE(s.success);
+  EXPECT_EQ(s.var, 2);
+  EXPECT_EQ(s.c, 1);
+  // Every category code, the unseen one too, is listed once.
+  ASSERT_EQ(s.ncutcat.size(), 3);
+  EXPECT_EQ(s.ncutcat(1) + s.ncutcat(2) + s.ncutcat(3), 4);
+  std::vector<int> codes(s.cutcat.begin(), s.cutcat.end());
+  std::sort(codes.begin(), codes.end());
+  EXPECT_EQ(codes, (std::vector<int>{1, 2, 3, 4}));
+  // Each case went to the subnode whose list holds its category.
+  for (int i = 1; i <= node.n; ++i) {
+    int first = 1;
+    int subnode = 0;
+    for (int k = 1; k <= 3; ++k) {
+      for (int j = first; j < first + s.ncutcat(k); ++j)
+        if (s.cutcat(j) == static_cast<int>(node.xdat(i, 2))) subnode = k;
+      first += s.ncutcat(k);
+    }
+    EXPECT_EQ(s.py(i), subnode) << i;
+  }
 }
 
 TEST_F(Classify, ConstantVariableCannotBeSplit) {

@@ -98,6 +98,27 @@ TEST_F(GrowTree, PerfectSeparatorSplitsAtMidpointsIntoPureChildren) {
   EXPECT_EQ(in.nodes, 4);
 }
 
+TEST_F(GrowTree, TwoClassesSplitInTwoByExhaustiveSearch) {
+  // The best midpoint of variable 1 separates the classes but for one case.
+  setup(2, {{1, 2, 3, 4, 5, 6, 7, 8}, {5, 1, 4, 2, 3, 3, 2, 4}}, {1, 1, 1, 2, 1, 2, 2, 2});
+  Init& in = init();
+  in.splitsel = 2;
+  in.impbuild = 1;
+  in.impprune = 5;
+  in.mindat = 7;  // only the root may split
+  grow();
+  const std::vector<double> root = record(1);
+  EXPECT_EQ(root[in.pos.var_pos - 1], 1.0);
+  EXPECT_EQ(root[in.pos.cut_pos - 1], 3.5);
+  // The search changes the missing-value settings for the rest of the run,
+  // so the record has no alternate block.
+  EXPECT_EQ(in.impbuild, 3);
+  EXPECT_EQ(in.impprune, 2);
+  EXPECT_EQ(root.size(), static_cast<std::size_t>(in.pos.cut_pos));
+  EXPECT_EQ(children(1), (std::vector<int>{3, 2}));
+  EXPECT_EQ(record(2)[0], 3.0);
+}
+
 TEST_F(GrowTree, StoppingRulesAtTheirBoundaries) {
   const std::vector<double> x{1, 2, 3, 11, 12, 13};
   const std::vector<int> y{1, 1, 1, 2, 2, 2};
