@@ -112,6 +112,11 @@ struct Init {
   int nodesterminal = 0;  // terminal nodes of the final tree
   int nodesmax = 0;       // nodes of the largest tree (set by pruning; 0 without)
 
+  // Cost and SE of the subtree chosen by cross-validation or test-sample
+  // pruning, kept for the cost report.
+  double prunecost = 0.0;
+  double prunese = 0.0;
+
   // Learning sample.
   FArray<double> xdata;        // nobs by nvar; category codes for categorical columns; 0 if missing
   FArray<char> misind;         // nobs by nvar; 'y' missing, 'n' present
