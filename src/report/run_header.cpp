@@ -8,6 +8,7 @@
 
 #include "numerics/format.hpp"
 #include "report/class_order.hpp"
+#include "report/tree_walk.hpp"
 #include "run/init.hpp"
 #include "timing/clock.hpp"
 
@@ -21,13 +22,6 @@ std::string text_of(std::string_view s) {
   return std::string(trim(adjustl(s)));
 }
 
-// Number of decimal digits of a non-negative whole number, at least 1.
-int digits(long long value) {
-  int d = 1;
-  while (value >= 10) {
-    value /= 10;
-    ++d;
-  }
   return d;
 }
 
@@ -74,7 +68,7 @@ void write_costs(std::ostream& out, const Init& in, const FArray<int>& indx, int
   write_list(out, {"                 Predicted Class"});
   double largest = 0.0;
   for (double c : in.cost) largest = std::max(largest, c);
-  const int m = digits(std::llround(largest));
+  const int m = digit_count(std::llround(largest));
   const int e = std::max(w, 12);
   const int f = std::max(m + 4, w) + 1;
   const int k = in.nclass;
