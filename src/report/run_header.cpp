@@ -22,9 +22,6 @@ std::string text_of(std::string_view s) {
   return std::string(trim(adjustl(s)));
 }
 
-  return d;
-}
-
 void write_split_type(std::ostream& out, const Init& in) {
   if (in.splittype == 2) {
     write_fmt(out, "(a)", {" Split type: Linear combination splits"});
