@@ -120,16 +120,19 @@ void alpha_seq(int flag) {
   pa.pseq.assign(static_cast<std::size_t>(nsplit), 0);
   pa.talpha.assign(static_cast<std::size_t>(nsplit), 0.0);
   pa.pnodes.assign(static_cast<std::size_t>(nsplit), 0);
+  const FView<int> pseq{std::span<int>(pa.pseq)};
+  const FView<double> talpha{std::span<double>(pa.talpha)};
+  const FView<int> pnodes{std::span<int>(pa.pnodes)};
   int m = 0;
   for (int k = 1; k <= nsplit; ++k) {
-    if (pa.nstat[0] == 1) break;  // the root is terminal
-    const int w = weakest_link(pa);
-    const int node = pa.nid[static_cast<std::size_t>(w - 1)];
-    pa.pseq[static_cast<std::size_t>(k - 1)] = node;
-    pa.talpha[static_cast<std::size_t>(k - 1)] = pa.nalpha[static_cast<std::size_t>(w - 1)];
-    prune_children(node, true);
+    if (pa.nstat.front() == 1) break;  // the root is terminal
+    // The node lists are refilled below: take what is needed from them first.
+    const auto w = static_cast<std::size_t>(weakest_link(pa) - 1);
+    pseq(k) = pa.nid[w];
+    talpha(k) = pa.nalpha[w];
+    prune_children(pseq(k), true);
     refill_arrays();
-    pa.pnodes[static_cast<std::size_t>(k - 1)] = count_of(pa.nstattrue, 1);
+    pnodes(k) = count_of(pa.nstattrue, 1);
     fill_cost();
     m = k;
   }
