@@ -9,63 +9,40 @@
 namespace vardel {
 namespace {
 
-// Two classes, two subtrees of interest. Predicting 2 for class 1 costs 2,
-// predicting 1 for class 2 costs 1. Ten cases of each class.
-struct TwoClassSample {
-  ClassTables table{2, 1};
-  FArray<double> cost{2, 2, 0.0};
-  FArray<double> prob{2, 0.0};
-  FArray<int> noc{2, 10};
-  TwoClassSample() {
-    cost(2, 1) = 2.0;
-    cost(1, 2) = 1.0;
-    prob(1) = 0.25;
-    prob(2) = 0.75;
-    // Largest tree: 2 of class 1 and 3 of class 2 misclassified.
-    table(1, 1, 0) = 8;
-    table(2, 1, 0) = 2;
-    table(1, 2, 0) = 3;
-    table(2, 2, 0) = 7;
-    // Root: everything predicted class 1.
-    table(1, 1, 1) = 10;
-    table(1, 2, 1) = 10;
+// Two classes, ten cases each, 20 in all. Predicting 2 for class 1 costs 2,
+// predicting 1 for class 2 costs 1. In the largest tree 2 cases of class 1
+// and 3 of class 2 are misclassified; the root predicts class 1 for all, so
+// T1 = (4, 3), T2 = (8, 3) for subtree 0 and T1 = T2 = (0, 10) for subtree 1.
+TEST(SubtreeCosts, HandComputedForEachPriorOption) {
+  ClassTables table(2, 1);
+  table(1, 1, 0) = 8, table(2, 1, 0) = 2, table(1, 2, 0) = 3, table(2, 2, 0) = 7;
+  table(1, 1, 1) = 10, table(1, 2, 1) = 10;
+  FArray<double> cost(2, 2, 0.0);
+  cost(2, 1) = 2.0, cost(1, 2) = 1.0;
+  FArray<double> prob(2, 0.0);
+  prob(1) = 0.25, prob(2) = 0.75;
+  const FArray<int> noc(2, 10);
+
+  struct {
+    int priortype;
+    double r0, m0, r1, m1;  // cost and second moment of subtrees 0 and 1
+  } const cases[] = {
+      // Per class over N: R = 7/20, M = 11/20; then 10/20 twice.
+      {2, 0.35, 0.55, 0.5, 0.5},
+      // Per class prior over class count: R = 4 (0.25/10) + 3 (0.75/10),
+      // M = 8 (0.25/10) + 3 (0.75/10); then 10 (0.75/10) twice.
+      {1, 0.325, 0.425, 0.75, 0.75},
+      {3, 0.325, 0.425, 0.75, 0.75},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.priortype);
+    const auto r = subtree_costs(table, cost, c.priortype, prob, noc, 20);
+    ASSERT_EQ(r.size(), 2u);
+    EXPECT_DOUBLE_EQ(r[0].total, c.r0);
+    EXPECT_DOUBLE_EQ(r[0].se, std::sqrt((c.m0 - c.r0 * c.r0) / 20.0));
+    EXPECT_DOUBLE_EQ(r[1].total, c.r1);
+    EXPECT_DOUBLE_EQ(r[1].se, std::sqrt((c.m1 - c.r1 * c.r1) / 20.0));
   }
-};
-
-TEST(SubtreeCosts, EstimatedPriorsUseTheLearningSampleSize) {
-  TwoClassSample s;
-  const auto c = subtree_costs(s.table, s.cost, 2, s.prob, s.noc, 20);
-  ASSERT_EQ(c.size(), 2u);
-  // T1 = (4, 3), T2 = (8, 3): R = 7/20, M = 11/20.
-  EXPECT_DOUBLE_EQ(c[0].total, 0.35);
-  EXPECT_DOUBLE_EQ(c[0].se, std::sqrt((0.55 - 0.35 * 0.35) / 20.0));
-  // T1 = T2 = (0, 10).
-  EXPECT_DOUBLE_EQ(c[1].total, 0.5);
-  EXPECT_DOUBLE_EQ(c[1].se, std::sqrt(0.25 / 20.0));
-}
-
-TEST(SubtreeCosts, GivenPriorsWeightEachClassByPriorOverCount) {
-  TwoClassSample s;
-  for (int priortype : {1, 3}) {
-    const auto c = subtree_costs(s.table, s.cost, priortype, s.prob, s.noc, 20);
-    // R = 4 (0.25 / 10) + 3 (0.75 / 10), M = 8 (0.25 / 10) + 3 (0.75 / 10).
-    EXPECT_DOUBLE_EQ(c[0].total, 0.325);
-    EXPECT_DOUBLE_EQ(c[0].se, std::sqrt((0.425 - 0.325 * 0.325) / 20.0));
-    EXPECT_DOUBLE_EQ(c[1].total, 0.75);
-    EXPECT_DOUBLE_EQ(c[1].se, std::sqrt((0.75 - 0.75 * 0.75) / 20.0));
-  }
-}
-
-TEST(ClassTables, AddSumsEntryByEntry) {
-  ClassTables a(2, 1), b(2, 1);
-  a(2, 1, 1) = 3;
-  b(2, 1, 1) = 4;
-  b(1, 2, 0) = 5;
-  a.add(b);
-  EXPECT_EQ(a(2, 1, 1), 7);
-  EXPECT_EQ(a(1, 2, 0), 5);
-  // The flat block of a subtree is column-major: (1, 2) is its third entry.
-  EXPECT_EQ(a.table(0)(3), 5);
 }
 
 struct ChoiceCase {
