@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -26,6 +25,30 @@ std::vector<double> node(int n, int iclass, std::vector<double> counts) {
   return y;
 }
 
+// A run of split type 1 without test data, unit costs, classes with the given
+// labels, learning counts and priors; the tree store started.
+void setup_run(std::vector<const char*> labels, std::vector<int> noc, std::vector<double> prob) {
+  Init& in = init();
+  const int k = static_cast<int>(labels.size());
+  in.outfile = fixed_text("out.txt", kFileNameLen);
+  in.nclass = k;
+  in.nvar = 1;
+  in.splittype = 1;
+  in.testtype = 3;
+  in.clabel.assign(k, stored(""));
+  in.noc.assign(k, 0);
+  in.prob.assign(k, 0.0);
+  in.cost.assign(k, k, 1.0);
+  for (int j = 1; j <= k; ++j) {
+    in.clabel(j) = stored(labels[j - 1]);
+    in.noc(j) = noc[j - 1];
+    in.prob(j) = prob[j - 1];
+    in.cost(j, j) = 0.0;
+  }
+  compute_record_positions(in);
+  tree_store().start();
+}
+
 // Classes yes, no, maybe (reported as maybe, no, yes) with 30, 12 and 8
 // learning cases. Root 1 splits into 2, 3 (empty) and 4; node 4 into 11, 12
 // and 13. Resubstitution table (predicted, true):
@@ -33,29 +56,8 @@ std::vector<double> node(int n, int iclass, std::vector<double> counts) {
 //   no:     0  3  2
 //   maybe:  0  6  6
 void three_class_tree() {
-  Init& in = init();
-  in.outfile = fixed_text("out.txt", kFileNameLen);
-  in.nclass = 3;
-  in.nvar = 1;
-  in.splittype = 1;
-  in.testtype = 3;
-  in.clabel.assign(3, stored(""));
-  in.clabel(1) = stored("yes");
-  in.clabel(2) = stored("no");
-  in.clabel(3) = stored("maybe");
-  in.noc.assign(3, 0);
-  in.noc(1) = 30;
-  in.noc(2) = 12;
-  in.noc(3) = 8;
-  in.prob.assign(3, 0.0);
-  in.prob(1) = 0.6;
-  in.prob(2) = 0.24;
-  in.prob(3) = 0.16;
-  in.cost.assign(3, 3, 1.0);
-  for (int i = 1; i <= 3; ++i) in.cost(i, i) = 0.0;
-  compute_record_positions(in);
+  setup_run({"yes", "no", "maybe"}, {30, 12, 8}, {0.6, 0.24, 0.16});
   TreeStore& store = tree_store();
-  store.start();
   store.add_node(1, 0, node(50, 1, {30, 12, 8}));
   store.add_node(2, 1, node(30, 1, {27, 3, 0}));
   // A terminal node without a class; the counts are ones a walk that ignored
@@ -129,15 +131,6 @@ TEST_F(CostReport, CostAndSeAgainstHandComputation) {
   }
 }
 
-TEST_F(CostReport, PerfectTableHasNoCostAndNoSpread) {
-  three_class_tree();
-  FArray<int> table(3, 3, 0);
-  for (int j = 1; j <= 3; ++j) table(j, j) = init().noc(j);
-  const CostAndSe est = resubstitution_cost(table);
-  EXPECT_EQ(est.cost, 0.0);
-  EXPECT_EQ(est.se, 0.0);
-}
-
 // Classes listed by first letter; rows are true classes, columns predicted.
 TEST_F(CostReport, PrunedTreeReport) {
   three_class_tree();
@@ -165,27 +158,11 @@ TEST_F(CostReport, PrunedTreeReport) {
 // A 21-character label widens the label and count columns; four-digit counts
 // widen the case counts. Without pruning the report ends at the SE.
 TEST_F(CostReport, LongLabelsWidenColumnsAndUnprunedTreeHasNoPruningLines) {
-  Init& in = init();
-  in.outfile = fixed_text("out.txt", kFileNameLen);
-  in.nclass = 2;
-  in.nvar = 1;
-  in.splittype = 2;
-  in.treesize = 2;
-  in.testtype = 3;
-  in.prunecost = 0.5;
-  in.clabel.assign(2, stored(""));
-  in.clabel(1) = stored("malignant_tumour_type");
-  in.clabel(2) = stored("benign");
-  in.noc.assign(2, 0);
-  in.noc(1) = 1000;
-  in.noc(2) = 250;
-  in.prob.assign(2, 0.5);
-  in.cost.assign(2, 2, 0.0);
-  in.cost(2, 1) = 1.0;
-  in.cost(1, 2) = 1.0;
-  compute_record_positions(in);
+  setup_run({"malignant_tumour_type", "benign"}, {1000, 250}, {0.5, 0.5});
+  init().splittype = 2;
+  init().treesize = 2;
+  init().prunecost = 0.5;
   TreeStore& store = tree_store();
-  store.start();
   store.add_node(1, 0, node(1250, 1, {1000, 250}));
   store.add_node(2, 1, node(1010, 1, {1000, 10}));
   store.add_node(3, 1, node(240, 2, {0, 240}));
@@ -202,17 +179,6 @@ TEST_F(CostReport, LongLabelsWidenColumnsAndUnprunedTreeHasNoPruningLines) {
       "  Resubstitution misclassification cost =   0.2000E-01\n"
       "  S.E. of resubstitution misclassification cost =   0.6197E-02\n";
   EXPECT_EQ(report(), want);
-}
-
-TEST_F(CostReport, UnbuiltBranchesAreRefused) {
-  three_class_tree();
-  for (const int testtype : {1, 2}) {
-    init().testtype = testtype;
-    EXPECT_THROW(cost_info(), std::logic_error);
-  }
-  init().testtype = 3;
-  init().splittype = 3;
-  EXPECT_THROW(cost_info(), std::logic_error);
 }
 
 }  // namespace
