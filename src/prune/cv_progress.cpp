@@ -14,9 +14,9 @@ constexpr int kDotsPerRow = 50;
 }  // namespace
 
 void cv_progress_start(int folds) {
-  write_list(std::cout, {"Cross-validation is executing.  Please wait."});
+  write_list(std::cout, {" Cross-validation is executing.  Please wait."});
   if (folds > kDotsPerRow)
-    write_list(std::cout, {"(Each row of dots signifies 50 iterations completed.)"});
+    write_list(std::cout, {" (Each row of dots signifies 50 iterations completed.)"});
 }
 
 void cv_progress_dot(int fold) {

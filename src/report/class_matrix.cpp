@@ -63,8 +63,9 @@ void write_class_matrix(std::ostream& out, const FArray<int>& table, const FArra
   for (int j = 1; j <= k; ++j) labels.emplace_back(trim(in.clabel(indx(j))));
   std::vector<FmtItem> items{"Actual class"};
   for (const std::string& label : labels) items.emplace_back(label);
-  items.emplace_back("#obs");
+  // The rows give the prior (f6.3) before the number of cases.
   items.emplace_back("Prior");
+  items.emplace_back("#obs");
   const std::string head_line = format(head, items);
   out << head_line;
 

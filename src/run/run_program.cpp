@@ -5,10 +5,12 @@
 
 #include "data/read_misdata.hpp"
 #include "numerics/format.hpp"
+#include "prune/prune_tree.hpp"
+#include "report/cost_report.hpp"
 #include "report/exitprog.hpp"
 #include "report/root_report.hpp"
-#include "report/tree_report.hpp"
 #include "report/run_header.hpp"
+#include "report/tree_report.hpp"
 #include "run/batch_file.hpp"
 #include "run/init.hpp"
 #include "run/opening.hpp"
@@ -64,7 +66,13 @@ void grow_and_report(Init& in) {
   grow_tree(in.xdata, in.cdata, in.misind, in.prob, in.termnode);
   TreeStore& store = tree_store();
   store.dump_tree(1);
+  if (in.treesize == 1) {
+    write_fmt(std::cout, "(/,a)", {"  Pruning Trees..."}, Advance::no);
+    std::cout.flush();
+    prune_tree(in.xdata, in.cdata, in.misind);
+  }
   print_node_info();
+  cost_info();
 }
 
 void run() {

@@ -17,9 +17,9 @@ std::string progress(int folds) {
 }
 
 TEST(CvProgress, OneDotPerFoldInRowsOfFifty) {
-  const std::string notice = " Cross-validation is executing.  Please wait.\n";
+  const std::string notice = "  Cross-validation is executing.  Please wait.\n";
   EXPECT_EQ(progress(3), notice + "...\n");
-  EXPECT_EQ(progress(52), notice + " (Each row of dots signifies 50 iterations completed.)\n" +
+  EXPECT_EQ(progress(52), notice + "  (Each row of dots signifies 50 iterations completed.)\n" +
                               std::string(50, '.') + "\n..\n");
 }
 
