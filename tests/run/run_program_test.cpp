@@ -52,6 +52,22 @@ TEST_F(RunProgram, ExamplesGiveTheExpectedOutputFiles) {
   }
 }
 
+TEST_F(RunProgram, TwoRunsGiveTheSameOutputFile) {
+  copy_example("penguins");
+  std::string first;
+  for (int round = 0; round < 2; ++round) {
+    testing_support::fresh_run_state();
+    folder.write("penguins.out", "");
+    ASSERT_EQ(run(folder.read("penguins.in")), 0) << screen;
+    if (round == 0) first = folder.read("penguins.out");
+  }
+  EXPECT_EQ(folder.read("penguins.out"), first);
+  EXPECT_NE(screen.find("  Pruning Trees...  Cross-validation is executing.  Please wait.\n"
+                        "..........\n"),
+            std::string::npos)
+      << screen;
+}
+
 TEST_F(RunProgram, WarrantyAnswerWritesTheTextAndStops) {
   EXPECT_EQ(run("0\n"), 0);
   EXPECT_NE(screen.find("\n  WARRANTY DISCLAIMER\n"

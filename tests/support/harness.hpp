@@ -9,6 +9,7 @@
 #include <string>
 
 #include "numerics/format.hpp"
+#include "prune/prune_arrays.hpp"
 #include "run/init.hpp"
 #include "run/stop.hpp"
 #include "timing/clock.hpp"
@@ -74,6 +75,7 @@ class Console {
 inline void fresh_run_state() {
   init().reset();
   tree_store().reset();
+  prune_arrays().reset();
   fixed_clocks().date = DateTime{2026, 11, 22, 9, 5};
   fixed_clocks().elapsed = ClockReading{1.25, 1.0, 0.25, 2.5};
 }
