@@ -6,7 +6,8 @@
 set -euo pipefail
 root=$(cd "$(dirname "$0")/.." && pwd)
 vardel="$root/build-bench/vardel"
-[ -x "$vardel" ] || { cmake -S "$root" -B "$root/build-bench" -DCMAKE_BUILD_TYPE=Release -DVARDEL_BUILD_TESTS=OFF >/dev/null && cmake --build "$root/build-bench" -j2 --target vardel >/dev/null; }
+cmake -S "$root" -B "$root/build-bench" -DCMAKE_BUILD_TYPE=Release -DVARDEL_BUILD_TESTS=OFF >/dev/null
+cmake --build "$root/build-bench" -j2 --target vardel >/dev/null
 sizes=("$@")
 [ ${#sizes[@]} -gt 0 ] || sizes=(10000 100000 1000000)
 printf '%10s %10s %10s %12s\n' cases wall_s user_s peak_MiB
