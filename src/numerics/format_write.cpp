@@ -56,7 +56,8 @@ void RecordWriter::edit(const FormatOp& op, const FmtItem& item) {
       // g edits an integer as i of the same width (the bounds of a prompt use g10.0).
       if (op.code == Code::g && item.kind() == FmtItem::Kind::integer)
         return edit_integer(out_, item.integer(), op.w, -1);
-      if (op.code == Code::g && op.d == 0) wrong_item(fmt_, "g with no digits needs an integer item");
+      if (op.code == Code::g && op.d == 0)
+        wrong_item(fmt_, "g with no digits needs an integer item");
       if (item.kind() != FmtItem::Kind::real) wrong_item(fmt_, "f, e and g need a real item");
       if (op.code == Code::f) return edit_fixed(out_, item.real(), op.w, op.d);
       if (op.code == Code::e) return edit_exp(out_, item.real(), op.w, op.d);

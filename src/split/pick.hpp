@@ -22,8 +22,8 @@
 
 #include <limits>
 
-#include "split/guards.hpp"
 #include <span>
+#include "split/guards.hpp"
 
 namespace vardel {
 
