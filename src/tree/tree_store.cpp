@@ -1,9 +1,9 @@
 #include "tree/tree_store.hpp"
 
 #include <algorithm>
-#include <iomanip>
 #include <iostream>
 
+#include "numerics/format.hpp"
 #include "run/stop.hpp"
 
 namespace vardel {
@@ -71,9 +71,8 @@ void TreeStore::add_node(int id, int parent, std::span<const double> y) {
   if (parent != 0) {
     up = find(parent);
     if (up == nullptr) {
-      // List-directed line; the node is kept at the top of the forest.
-      std::cout << " no parent " << std::setw(12) << parent << "  found for " << std::setw(12) << id
-                << '\n';
+      // The node is kept at the top of the forest.
+      write_list(std::cout, {"no parent ", parent, " found for ", id});
       up = forest_root_;
     }
   }
