@@ -7,13 +7,12 @@
 #include <unordered_map>
 #include <vector>
 
+#include "data/case_reading.hpp"
 #include "data/description_file.hpp"
-#include "data/input_failure.hpp"
 #include "data/recodemiscat.hpp"
 #include "data/text_table.hpp"
 #include "numerics/format.hpp"
 #include "numerics/list_reader.hpp"
-#include "report/exitprog.hpp"
 #include "report/run_header.hpp"
 #include "run/file_question.hpp"
 #include "run/init.hpp"
@@ -23,80 +22,6 @@ namespace vardel {
 namespace {
 
 constexpr const char* kDataStop = "  ***Program stopped due to the error in data file***";
-
-[[noreturn]] void stop_with(std::initializer_list<std::string_view> lines) {
-  for (std::string_view line : lines) write_fmt(std::cout, "(a)", {line});
-  exitprog();
-}
-
-// Where each token of a case goes: 0 the class label, j > 0 predictor j,
-// -1 nowhere (an excluded variable, or a position outside the table).
-std::vector<int> token_slots(const Init& in, const DescriptionSummary& dsc) {
-  std::vector<int> slots;
-  const int nvar = in.nvar;
-  if (in.nexcl == 0) {
-    // The dependent's column number is taken as its position in the record.
-    const int c = dsc.dcolumn;
-    auto predictor = [nvar](int j) { return j >= 1 && j <= nvar ? j : -1; };
-    if (c == 1) {
-      slots.push_back(0);
-      for (int j = 1; j <= nvar; ++j) slots.push_back(j);
-    } else if (c == nvar + 1) {
-      for (int j = 1; j <= nvar; ++j) slots.push_back(j);
-      slots.push_back(0);
-    } else {
-      for (int j = 1; j <= c - 1; ++j) slots.push_back(predictor(j));
-      slots.push_back(0);
-      for (int j = c; j <= nvar; ++j) slots.push_back(predictor(j));
-    }
-    return slots;
-  }
-  int p = 0;
-  for (char type : in.alltype) {
-    if (type == 'd')
-      slots.push_back(0);
-    else if (type == 'x')
-      slots.push_back(-1);
-    else
-      slots.push_back(++p);
-  }
-  return slots;
-}
-
-// Counts whole cases of nall tokens; a last incomplete case is not counted.
-int count_cases(const Init& in, ListReader& reader, int nall) {
-  std::vector<std::string> tokens(static_cast<std::size_t>(nall));
-  std::vector<ReadTarget> targets;
-  for (std::string& t : tokens) targets.push_back(text(t, kNameLen));
-  int nobs = 0;
-  for (;;) {
-    const ReadResult r = reader.read(targets);
-    if (r.status == ReadStatus::end_of_file) return nobs;
-    if (!r) {
-      write_fmt(std::cout, "(a,a,a)",
-                {"  ***ERROR*** Data file ", trim(in.datafile), " has illegal value"});
-      stop_with({kDataStop});
-    }
-    ++nobs;
-  }
-}
-
-void read_cases(const Init& in, ListReader& reader, const std::vector<int>& slots, TextTable& x,
-                FArray<std::string>& y) {
-  std::vector<std::string> tokens(slots.size());
-  std::vector<ReadTarget> targets;
-  for (std::string& t : tokens) targets.push_back(text(t, kNameLen));
-  for (int i = 1; i <= x.rows(); ++i) {
-    for (std::string& t : tokens) t.assign(kNameLen, ' ');
-    if (auto r = reader.read(targets); !r) input_failure(trim(in.datafile), "a value of a case", r);
-    for (std::size_t t = 0; t < slots.size(); ++t) {
-      if (slots[t] == 0)
-        y(i) = tokens[t];
-      else if (slots[t] > 0)
-        x.set(i, slots[t], tokens[t]);
-    }
-  }
-}
 
 bool all_blank(std::string_view s) {
   return s.find_first_not_of(' ') == std::string_view::npos;
@@ -169,31 +94,6 @@ void number_classes(Init& in) {
   for (int i = 1; i <= in.nobs; ++i) ++in.noc(in.cdata(i));
 }
 
-// Turns the tokens into numbers, each case as one free-form read of nvar values.
-void tokens_to_numbers(Init& in, const TextTable& x) {
-  in.xdata.assign(in.nobs, in.nvar, 0.0);
-  std::vector<double> values(static_cast<std::size_t>(in.nvar));
-  std::vector<ReadTarget> targets;
-  for (double& v : values) targets.push_back(v);
-  std::string record;
-  for (int i = 1; i <= in.nobs; ++i) {
-    record.clear();
-    for (int j = 1; j <= in.nvar; ++j) {
-      record += trim(adjustl(x(i, j)));
-      record += ' ';
-    }
-    for (double& v : values) v = 0.0;
-    const ReadResult r = read_list(record, targets);
-    if (!r) {
-      ReadResult where = r;
-      where.line = i;
-      input_failure(trim(in.datafile), join_text({"a number (case ", std::to_string(i), ")"}),
-                    where);
-    }
-    for (int j = 1; j <= in.nvar; ++j) in.xdata(i, j) = values[static_cast<std::size_t>(j - 1)];
-  }
-}
-
 }  // namespace
 
 void read_misdata() {
@@ -215,7 +115,7 @@ void read_misdata() {
     stop_with({"  ***Program stopped due to an error in dsc file***"});
   }
   ListReader reader(file);
-  in.nobs = count_cases(in, reader, dsc.nall);
+  in.nobs = count_cases(reader, dsc.nall, "  ***ERROR*** Data file ", data_path, kDataStop);
 
   reader.rewind();
   const long long whole = static_cast<long long>(dsc.nall) * in.nobs;
@@ -229,7 +129,9 @@ void read_misdata() {
   in.nvar = dsc.nall - 1 - in.nexcl;
   TextTable x(in.nobs, in.nvar, kNameLen);
   in.ydata.assign(in.nobs, std::string(kNameLen, ' '));
-  read_cases(in, reader, token_slots(in, dsc), x, in.ydata);
+  const std::vector<int> slots =
+      in.nexcl == 0 ? slots_by_position(in.nvar, dsc.dcolumn) : slots_by_type(in.alltype, true);
+  read_cases(reader, data_path, slots, x, &in.ydata);
   file.close();
 
   check_blank_tokens(x);
@@ -263,7 +165,7 @@ void read_misdata() {
   if (in.ncat > 0) recodemiscat(in, x);
 
   replace_file(in.outfile);
-  tokens_to_numbers(in, x);
+  tokens_to_numbers(data_path, x, in.xdata);
 }
 
 }  // namespace vardel

@@ -1,4 +1,4 @@
-// The table of cross-validation costs (see cv_table.hpp).
+// The table of subtree costs (see cv_table.hpp).
 #include "prune/cv_table.hpp"
 
 #include <ostream>
@@ -10,10 +10,19 @@ namespace vardel {
 
 void write_cv_table(std::ostream& out, const std::vector<SubtreeCost>& costs,
                     const TreeChoice& choice, int largest_terminal, std::span<const int> pnodes0) {
+  write_subtree_cost_table(out,
+                           {"  CV misclassification cost and SE of subtrees:",
+                            "  Subtree      CV R(t)           CV SE       # Terminal Nodes"},
+                           costs, choice, largest_terminal, pnodes0);
+}
+
+void write_subtree_cost_table(std::ostream& out, const CostTableHead& head,
+                              const std::vector<SubtreeCost>& costs, const TreeChoice& choice,
+                              int largest_terminal, std::span<const int> pnodes0) {
   FView<const int> nodes(pnodes0);
   write_list(out, {});
-  write_fmt(out, "(a)", {"  CV misclassification cost and SE of subtrees:"});
-  write_fmt(out, "(a)", {"  Subtree      CV R(t)           CV SE       # Terminal Nodes"});
+  write_fmt(out, "(a)", {head.title});
+  write_fmt(out, "(a)", {head.columns});
 
   const int nsub = static_cast<int>(costs.size()) - 1;
   for (int s = 0; s <= nsub; ++s) {

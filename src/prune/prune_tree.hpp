@@ -2,7 +2,8 @@
 //
 // Builds and prints the weakest-link sequence of subtrees, then, unless the
 // tree has a single terminal node with cases, chooses one subtree by
-// cross-validation and leaves it in the store.
+// cross-validation (init().prunetype 1) or with the test sample (otherwise)
+// and leaves it in the store.
 #pragma once
 
 #include "numerics/farray.hpp"

@@ -4,8 +4,11 @@
 // cost_info writes the resubstitution classification matrix of the tree in
 // the store, its cost and standard error, and, for a pruned tree
 // (treesize 1), the cost and SE kept from pruning (init().prunecost,
-// init().prunese). Written for split types 1 and 2; the store and the run
-// settings are only read.
+// init().prunese). With a test sample (testtype 2) it pours init().xtest
+// through the tree (imputed values stay in it), writes the prediction file
+// when init().wantpredict is 2, and reports the test sample's matrix, cost
+// and SE, or those of predicting every case as one class when that costs
+// strictly less. Written for split types 1 and 2; the store is only read.
 //
 // resub_tree adds the learning cases of the subtree of node t to table
 // (K by K, indexed (predicted class, true class)): each terminal node with a

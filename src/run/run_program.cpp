@@ -8,12 +8,13 @@
 #include "prune/prune_tree.hpp"
 #include "report/cost_report.hpp"
 #include "report/exitprog.hpp"
-#include "report/root_report.hpp"
 #include "report/run_header.hpp"
 #include "report/tree_report.hpp"
 #include "run/batch_file.hpp"
+#include "run/dialogue.hpp"
 #include "run/init.hpp"
 #include "run/opening.hpp"
+#include "run/option_availability.hpp"
 #include "run/prompting.hpp"
 #include "run/stop.hpp"
 #include "timing/clock.hpp"
@@ -53,14 +54,8 @@ void end_timing(const Init& in) {
   write_fmt(std::cout, "(2(a7,g10.3,a8,g10.3))", times);
 }
 
-// Grows the largest tree and writes the tree report. Settings whose routines
-// this build lacks leave the tree at its root, and the report says so.
+// Grows the largest tree, prunes it if asked, and writes the tree and cost reports.
 void grow_and_report(Init& in) {
-  const char* missing = nullptr;
-  if (!growth_available(&missing)) {
-    report_root_node(missing);
-    return;
-  }
   write_fmt(std::cout, "(a)", {"  Building Initial Trees..."}, Advance::no);
   std::cout.flush();
   grow_tree(in.xdata, in.cdata, in.misind, in.prob, in.termnode);
@@ -73,6 +68,19 @@ void grow_and_report(Init& in) {
   }
   print_node_info();
   cost_info();
+}
+
+// The run header, then the tree. A run whose options this version lacks ends
+// after the header.
+void build_tree(Init& in) {
+  compute_record_positions(in);
+  run_stopwatch().start();
+  print_info();
+  stop_if_unavailable();
+  in.termnode.fill(1);
+  in.calibrated = 'n';
+  in.multifac = 1.0;
+  grow_and_report(in);
 }
 
 void run() {
@@ -100,16 +108,16 @@ void run() {
   write_list(std::cout, {});
   if (batch_mode) batch.write_choice(in.optlevel);
 
-  if (!batch_mode) {
+  // In batch-file mode only the answers are wanted, except that the dialogue's
+  // early end at the pruning-sample imputation step builds the tree as well.
+  bool build = !batch_mode;
+  if (in.optlevel == 2) {
+    const DialogueEnd end = advanced_dialogue(batch_mode ? &batch : nullptr);
+    if (end == DialogueEnd::early) build = true;
+  } else if (!batch_mode) {
     set_default_options(in);
-    compute_record_positions(in);
-    run_stopwatch().start();
-    print_info();
-    in.termnode.fill(1);
-    in.calibrated = 'n';
-    in.multifac = 1.0;
-    grow_and_report(in);
   }
+  if (build) build_tree(in);
 
   if (batch_mode) {
     write_fmt(std::cout, "(a,a)", {"  Selected options are stored in file: ", batch.name()});

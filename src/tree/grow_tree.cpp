@@ -229,19 +229,6 @@ void ldfuni_fit(Growth& g, int t, NodeCases cases) {
 
 }  // namespace
 
-bool growth_available(const char** reason) {
-  const Init& in = init();
-  const char* why = nullptr;
-  if (in.splittype != 1)
-    why = "linear combination splits and bivariate node models";
-  else if (in.varsel == 1)
-    why = "variable selection by the 2D method";
-  else if (in.impprune == 6)
-    why = "proxy splits";
-  if (reason != nullptr) *reason = why;
-  return why == nullptr;
-}
-
 void grow_tree(const FArray<double>& x, const FArray<int>& y, const FArray<char>& misind,
                const FArray<double>& prob, FArray<int>& termnode) {
   Init& in = init();

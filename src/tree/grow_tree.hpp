@@ -16,9 +16,4 @@ namespace vardel {
 void grow_tree(const FArray<double>& x, const FArray<int>& y, const FArray<char>& misind,
                const FArray<double>& prob, FArray<int>& termnode);
 
-// Whether this build can grow the tree the settings ask for; false names
-// the settings (categorical predictors, exhaustive search, the 2D method,
-// proxy splits, other split types) that still lack their routines.
-bool growth_available(const char** reason);
-
 }  // namespace vardel
