@@ -22,10 +22,6 @@ const char* unavailable_option() {
   if (in.wantlatex == 2) return "latex code of the tree";
   if (in.wantallclear == 2) return "allCLEAR code of the tree";
   if (in.wantplot == 1) return "Splus or R code for scatter plots";
-  // Test-sample pruning and the test-sample estimate with its prediction file
-  // (cost_info with a test data file) have no routines yet either.
-  if (in.prunetype == 2) return "pruning via test sample";
-  if (in.testtype == 2) return "predicted classes for a data file";
   return nullptr;
 }
 

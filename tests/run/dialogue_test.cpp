@@ -164,16 +164,53 @@ TEST_F(Dialogue, QuestionsAndBatchFileFollowTheAnswersAndTheData) {
   }
 }
 
-TEST_F(Dialogue, TestDataQuestionsReachTheTestReader) {
-  // Pruning by test sample reads a test file without asking whether to predict.
-  for (const char* answers : {"|||||2||||", "|||||||||1|1|", "|||||||||1|2|"}) {
-    testing_support::fresh_run_state();
-    copy_data("iris");
-    std::filesystem::remove(folder.path() / "res.out");
-    Console console(lines(std::string("1|res.out|iris.dsc|2|") + answers));
-    EXPECT_THROW(run_program(), std::logic_error) << answers;
-    EXPECT_EQ(console.screen().find("predicted classes") == std::string::npos, answers[5] == '2');
-  }
+TEST_F(Dialogue, TestSamplePruningReplaysAndMatchesItsFixtures) {
+  // Pruning by test sample: the test file and the prediction file are asked
+  // without the prediction question, and a replay repeats the typed run.
+  copy_data("iris");
+  const std::string answers = "|||||2|||iris.dat|pred.txt||";
+  ASSERT_EQ(run(lines("2|job|res.out|iris.dsc|2|" + answers + "|")), 0) << screen;
+  EXPECT_EQ(folder.read("job"),
+            lines("1|res.out|1|iris.dsc|2|1|1|2|1|5.0000000000000003E-002|2|1.0000000000000000|2|"
+                  "iris.dat|pred.txt|1|1|1|"));
+  testing_support::fresh_run_state();
+  ASSERT_EQ(run(folder.read("job")), 0) << screen;
+  const std::string replayed = folder.read("res.out");
+  const std::string predicted = folder.read("pred.txt");
+  testing_support::fresh_run_state();
+  std::string typed = answers;
+  typed.replace(typed.find("pred.txt|"), 9, "pred.txt|1|");  // both files now exist
+  ASSERT_EQ(run(lines("1|res.out|1|iris.dsc|2|" + typed + "|")), 0) << screen;
+  EXPECT_EQ(folder.read("res.out"), replayed);
+  EXPECT_EQ(folder.read("pred.txt"), predicted);
+  const std::filesystem::path runs = std::filesystem::path(VARDEL_FIXTURE_DIR) / "runs";
+  EXPECT_EQ(replayed, slurp(runs / "iris_test_sample.out"));
+  EXPECT_EQ(predicted, slurp(runs / "iris_test_sample.pred"));
+}
+
+TEST_F(Dialogue, PredictionFileForCasesWithoutClassColumn) {
+  copy_data("iris");
+  folder.write("new.dat", "5.1 3.5 1.4 0.2\n6.3 2.9 5.6 1.8\n5.9 3.0 4.2 1.5\n");
+  ASSERT_EQ(run(lines("1|res.out|iris.dsc|2||||||||||1|2|new.dat|pred.txt|||")), 0) << screen;
+  EXPECT_NE(screen.find("Enter file name of the test data file:"), std::string::npos);
+  EXPECT_EQ(folder.read("pred.txt"), lines("Case_id, Terminal_id, Predicted_label|"
+                                           "1 2     setosa|2 4  virginica|3 3 versicolor|"));
+  EXPECT_NE(folder.read("res.out").find("Total obs in Test sample =            3"),
+            std::string::npos);
+}
+
+TEST_F(Dialogue, EarlyEndInBatchFileCreationStillBuildsTheTree) {
+  // Learning data with missing values, a complete test file and test-sample
+  // pruning leave the dialogue before the latex question; in batch-file
+  // creation the tree is grown and reported before the batch file is closed.
+  copy_data("tiny");
+  folder.write("t.dat", "5.1 3.3 yes\n2.1 3.0 no\n4.7 1.7 yes\n2.6 1.6 no\n");
+  ASSERT_EQ(run(lines("2|job|res.out|tiny.dsc|2|||1||||2|||t.dat|p.txt|||")), 0) << screen;
+  EXPECT_EQ(folder.read("job"), lines("1|res.out|1|tiny.dsc|2|1|1|1|2|1|5.0000000000000003E-002|"
+                                      "2|1.0000000000000000|2|t.dat|p.txt|1|3|"));
+  EXPECT_EQ(screen.find("latex"), std::string::npos);
+  EXPECT_NE(folder.read("res.out").find("Test sample misclassification cost"), std::string::npos);
+  EXPECT_NE(screen.find("  Selected options are stored in file: job"), std::string::npos);
 }
 
 TEST_F(Dialogue, ReplayGivesTheOutputOfTypedAnswers) {
