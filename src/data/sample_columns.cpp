@@ -106,7 +106,6 @@ struct SampleColumns::Category {
   TextIndex index;
   std::vector<std::string> texts;  // without trailing blanks
   int zero = 0;                    // index of the text "0", 0 if none
-  bool all_missing_cleared = false;
 };
 
 // A case whose numerical tokens need the full free-form reader.
