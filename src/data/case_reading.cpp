@@ -46,62 +46,52 @@ std::vector<int> slots_by_type(const FArray<char>& alltype, bool label) {
   return slots;
 }
 
-int count_cases(ListReader& reader, int width, std::string_view error_head, std::string_view file,
-                std::string_view stop_line) {
+int CaseFile::count(int width, std::string_view error_head, std::string_view stop_line) {
+  plain_ = scan_.count(width, plain_count_);
+  if (plain_) return static_cast<int>(plain_count_.cases);
+  reader_.rewind();
   std::vector<std::string> tokens(static_cast<std::size_t>(width));
   std::vector<ReadTarget> targets;
   for (std::string& t : tokens) targets.push_back(text(t, kNameLen));
   int count = 0;
   for (;;) {
-    const ReadResult r = reader.read(targets);
+    const ReadResult r = reader_.read(targets);
     if (r.status == ReadStatus::end_of_file) return count;
     if (!r) {
-      write_fmt(std::cout, "(a,a,a)", {error_head, file, " has illegal value"});
+      write_fmt(std::cout, "(a,a,a)", {error_head, name_, " has illegal value"});
       stop_with({stop_line});
     }
     ++count;
   }
 }
 
-void read_cases(ListReader& reader, std::string_view file, const std::vector<int>& slots,
-                TextTable& x, FArray<std::string>* y) {
-  std::vector<std::string> tokens(slots.size());
-  std::vector<ReadTarget> targets;
-  for (std::string& t : tokens) targets.push_back(text(t, kNameLen));
-  for (int i = 1; i <= x.rows(); ++i) {
-    for (std::string& t : tokens) t.assign(kNameLen, ' ');
-    if (auto r = reader.read(targets); !r) input_failure(file, "a value of a case", r);
-    for (std::size_t t = 0; t < slots.size(); ++t) {
-      if (slots[t] == 0 && y)
-        (*y)(i) = tokens[t];
-      else if (slots[t] > 0)
-        x.set(i, slots[t], tokens[t]);
-    }
-  }
+bool CaseFile::more_than(long long values) {
+  if (plain_) return plain_count_.tokens > values;
+  reader_.rewind();
+  return static_cast<bool>(reader_.skip_values(values + 1));
 }
 
-void tokens_to_numbers(std::string_view file, const TextTable& x, FArray<double>& out) {
-  const int rows = static_cast<int>(x.rows());
-  const int cols = static_cast<int>(x.cols());
-  out.assign(rows, cols, 0.0);
-  std::vector<double> values(static_cast<std::size_t>(cols));
+void CaseFile::read(int width, int cases, const PlainScan::CaseHandler& take) {
+  if (plain_) {
+    if (scan_.read(width, cases, take) < cases) {
+      // The next read meets the end of the file after its last line.
+      ReadResult r;
+      r.status = ReadStatus::end_of_file;
+      r.line = plain_count_.lines;
+      input_failure(name_, "a value of a case", r);
+    }
+    return;
+  }
+  reader_.rewind();
+  std::vector<std::string> tokens(static_cast<std::size_t>(width));
+  std::vector<std::string_view> views(tokens.size());
   std::vector<ReadTarget> targets;
-  for (double& v : values) targets.push_back(v);
-  std::string record;
-  for (int i = 1; i <= rows; ++i) {
-    record.clear();
-    for (int j = 1; j <= cols; ++j) {
-      record += trim(adjustl(x(i, j)));
-      record += ' ';
-    }
-    for (double& v : values) v = 0.0;
-    const ReadResult r = read_list(record, targets);
-    if (!r) {
-      ReadResult where = r;
-      where.line = i;
-      input_failure(file, join_text({"a number (case ", std::to_string(i), ")"}), where);
-    }
-    for (int j = 1; j <= cols; ++j) out(i, j) = values[static_cast<std::size_t>(j - 1)];
+  for (std::string& t : tokens) targets.push_back(text(t, kNameLen));
+  for (int i = 1; i <= cases; ++i) {
+    for (std::string& t : tokens) t.assign(kNameLen, ' ');
+    if (auto r = reader_.read(targets); !r) input_failure(name_, "a value of a case", r);
+    for (std::size_t t = 0; t < tokens.size(); ++t) views[t] = tokens[t];
+    take(views);
   }
 }
 

@@ -1,5 +1,6 @@
 #include "data/read_misdata.hpp"
 
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <iostream>
@@ -9,8 +10,7 @@
 
 #include "data/case_reading.hpp"
 #include "data/description_file.hpp"
-#include "data/recodemiscat.hpp"
-#include "data/text_table.hpp"
+#include "data/sample_columns.hpp"
 #include "numerics/format.hpp"
 #include "numerics/list_reader.hpp"
 #include "report/run_header.hpp"
@@ -23,76 +23,78 @@ namespace {
 
 constexpr const char* kDataStop = "  ***Program stopped due to the error in data file***";
 
-bool all_blank(std::string_view s) {
-  return s.find_first_not_of(' ') == std::string_view::npos;
-}
+// Takes the cases as they are read: finds the first with a blank predictor,
+// drops those whose label is the missing code, numbers the classes in order
+// of first appearance and fills the predictor columns.
+class LearningCases {
+ public:
+  LearningCases(Init& in, std::vector<int> slots, int capacity)
+      : in_(in),
+        slots_(std::move(slots)),
+        columns_(in, capacity, false, in.xdata, in.misind),
+        predictors_(static_cast<std::size_t>(in.nvar)),
+        misskey_(text_key(in.misscode)) {
+    classes_.reserve(static_cast<std::size_t>(capacity));
+  }
 
-void check_blank_tokens(const TextTable& x) {
-  for (int i = 1; i <= x.rows(); ++i) {
-    for (int j = 1; j <= x.cols(); ++j) {
-      if (!all_blank(x(i, j))) continue;
-      write_list(std::cout, {"  ***ERROR*** Blank character string at line number", i});
-      stop_with({"  ***Program stopped due to an error in data file***"});
+  void take(std::span<const std::string_view> tokens) {
+    ++read_;
+    std::string_view label;
+    std::fill(predictors_.begin(), predictors_.end(), std::string_view());
+    for (std::size_t t = 0; t < slots_.size(); ++t) {
+      if (slots_[t] == 0)
+        label = tokens[t];
+      else if (slots_[t] > 0)
+        predictors_[static_cast<std::size_t>(slots_[t] - 1)] = tokens[t];
+    }
+    if (first_blank_ == 0) {
+      for (std::string_view p : predictors_)
+        if (text_key(p).empty()) first_blank_ = read_;
+    }
+    label = text_key(label);
+    if (label == misskey_) return;
+    columns_.add(predictors_);
+    auto it = class_of_.find(label);
+    if (it == class_of_.end()) {
+      it = class_of_.try_emplace(std::string(label), static_cast<int>(labels_.size()) + 1).first;
+      labels_.emplace_back(label);
+    }
+    classes_.push_back(it->second);
+  }
+
+  int first_blank() const { return first_blank_; }
+  SampleColumns& columns() { return columns_; }
+
+  // Fills clabel, cdata, noc and ydata.
+  void store_classes() {
+    Init& in = in_;
+    in.nclass = static_cast<int>(labels_.size());
+    in.clabel.assign(in.nclass);
+    for (int k = 1; k <= in.nclass; ++k)
+      in.clabel(k) = fixed_text(labels_[static_cast<std::size_t>(k - 1)], kNameLen);
+    in.cdata.assign(in.nobs, 0);
+    in.noc.assign(in.nclass, 0);
+    in.ydata.assign(in.nobs);
+    for (int i = 1; i <= in.nobs; ++i) {
+      const int k = classes_[static_cast<std::size_t>(i - 1)];
+      in.cdata(i) = k;
+      ++in.noc(k);
+      in.ydata(i) = in.clabel(k);
     }
   }
-}
 
-void drop_unlabelled_cases(Init& in, TextTable& x, FArray<std::string>& y) {
-  std::vector<bool> keep(static_cast<std::size_t>(in.nobs));
-  int kept = 0;
-  for (int i = 1; i <= in.nobs; ++i) {
-    keep[static_cast<std::size_t>(i - 1)] = y(i) != in.misscode;
-    kept += keep[static_cast<std::size_t>(i - 1)];
-  }
-  if (kept == in.nobs) return;
-  x.keep_rows(keep);
-  FArray<std::string> labels(kept);
-  int k = 0;
-  for (int i = 1; i <= in.nobs; ++i)
-    if (keep[static_cast<std::size_t>(i - 1)]) labels(++k) = y(i);
-  y = std::move(labels);
-  in.nobs = kept;
-}
-
-// Flags missing values (their token becomes "0"); returns the cases with any.
-int flag_missing(Init& in, TextTable& x) {
-  in.misind.assign(in.nobs, in.nvar, 'n');
-  int cases = 0;
-  for (int i = 1; i <= in.nobs; ++i) {
-    bool any = false;
-    for (int j = 1; j <= in.nvar; ++j) {
-      if (x(i, j) != in.misscode) continue;
-      x.set(i, j, "0");
-      in.misind(i, j) = 'y';
-      any = true;
-    }
-    cases += any;
-  }
-  // A variable never observed stays as the constant 0, not as missing.
-  for (int j = 1; j <= in.nvar; ++j) {
-    bool all_missing = in.nobs > 0;
-    for (int i = 1; i <= in.nobs && all_missing; ++i) all_missing = in.misind(i, j) == 'y';
-    if (all_missing)
-      for (int i = 1; i <= in.nobs; ++i) in.misind(i, j) = 'n';
-  }
-  return cases;
-}
-
-void number_classes(Init& in) {
-  std::unordered_map<std::string, int> position;
-  std::vector<std::string> labels;
-  in.cdata.assign(in.nobs, 0);
-  for (int i = 1; i <= in.nobs; ++i) {
-    auto [it, added] = position.try_emplace(in.ydata(i), static_cast<int>(labels.size()) + 1);
-    if (added) labels.push_back(in.ydata(i));
-    in.cdata(i) = it->second;
-  }
-  in.nclass = static_cast<int>(labels.size());
-  in.clabel.assign(in.nclass);
-  for (int k = 1; k <= in.nclass; ++k) in.clabel(k) = labels[static_cast<std::size_t>(k - 1)];
-  in.noc.assign(in.nclass, 0);
-  for (int i = 1; i <= in.nobs; ++i) ++in.noc(in.cdata(i));
-}
+ private:
+  Init& in_;
+  std::vector<int> slots_;
+  SampleColumns columns_;
+  std::vector<std::string_view> predictors_;
+  std::string_view misskey_;
+  int read_ = 0;
+  int first_blank_ = 0;
+  TextIndex class_of_;
+  std::vector<std::string> labels_;
+  std::vector<int> classes_;
+};
 
 }  // namespace
 
@@ -114,28 +116,34 @@ void read_misdata() {
     write_fmt(std::cout, "(a,a,a)", {"  ***ERROR*** File ", data_path, " does not exist"});
     stop_with({"  ***Program stopped due to an error in dsc file***"});
   }
-  ListReader reader(file);
-  in.nobs = count_cases(reader, dsc.nall, "  ***ERROR*** Data file ", data_path, kDataStop);
-
-  reader.rewind();
-  const long long whole = static_cast<long long>(dsc.nall) * in.nobs;
-  if (reader.skip_values(whole + 1)) {
+  CaseFile cases(file, data_path);
+  const int counted = cases.count(dsc.nall, "  ***ERROR*** Data file ", kDataStop);
+  in.nobs = counted;
+  if (cases.more_than(static_cast<long long>(dsc.nall) * counted)) {
     stop_with({"  ***ERROR*** Entries in data file not multiple of no. of records",
                "  ***Verify that description file ends with a carriage return",
                "  ***Program stopped due to the error in dsc file***"});
   }
 
-  reader.rewind();
   in.nvar = dsc.nall - 1 - in.nexcl;
-  TextTable x(in.nobs, in.nvar, kNameLen);
-  in.ydata.assign(in.nobs, std::string(kNameLen, ' '));
-  const std::vector<int> slots =
+  // Without "x" variables the dependent's column number is taken as its
+  // position, and a number beyond the last makes each case read more tokens.
+  std::vector<int> slots =
       in.nexcl == 0 ? slots_by_position(in.nvar, dsc.dcolumn) : slots_by_type(in.alltype, true);
-  read_cases(reader, data_path, slots, x, &in.ydata);
+  const int width = static_cast<int>(slots.size());
+  LearningCases learning(in, std::move(slots), counted);
+  cases.read(width, counted,
+             [&learning](std::span<const std::string_view> tokens) { learning.take(tokens); });
   file.close();
 
-  check_blank_tokens(x);
-  drop_unlabelled_cases(in, x, in.ydata);
+  if (learning.first_blank() > 0) {
+    write_list(std::cout,
+               {"  ***ERROR*** Blank character string at line number", learning.first_blank()});
+    stop_with({"  ***Program stopped due to an error in data file***"});
+  }
+  SampleColumns& columns = learning.columns();
+  columns.close();
+  in.nobs = columns.cases();
   if (in.nobs == 0) {
     write_fmt(std::cout, "(a,a,a)",
               {"  ***ERROR*** Data file ", data_path, " has no case with a class label"});
@@ -149,8 +157,9 @@ void read_misdata() {
   write_fmt(std::cout, "(a,i20)", {"  Number of numerical variables: ", in.nvar - in.ncat});
   write_fmt(std::cout, "(a,i18)", {"  Number of categorical variables: ", in.ncat});
 
-  const int cases_missing = flag_missing(in, x);
-  number_classes(in);
+  const int cases_missing = columns.cases_with_missing();
+  columns.clear_never_observed();
+  learning.store_classes();
   int classes_present = 0;
   for (int n : in.noc) classes_present += n > 0;
   write_fmt(std::cout, "(a,i32)", {"  Number of classes: ", classes_present});
@@ -162,10 +171,10 @@ void read_misdata() {
   for (char c : in.misind) any_missing = any_missing || c == 'y';
   if (!any_missing) in.misslearn = 'n';
 
-  if (in.ncat > 0) recodemiscat(in, x);
+  if (in.ncat > 0) columns.store_categories(in);
 
   replace_file(in.outfile);
-  tokens_to_numbers(data_path, x, in.xdata);
+  columns.finish(data_path);
 }
 
 }  // namespace vardel

@@ -1,5 +1,6 @@
 #include "data/read_testmisdata.hpp"
 
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <iostream>
@@ -7,7 +8,7 @@
 #include <vector>
 
 #include "data/case_reading.hpp"
-#include "data/text_table.hpp"
+#include "data/sample_columns.hpp"
 #include "numerics/format.hpp"
 #include "numerics/list_reader.hpp"
 #include "run/console.hpp"
@@ -52,90 +53,61 @@ std::vector<int> test_slots(const Init& in, bool labelled) {
   return slots_by_position(in.nvar, dpos);
 }
 
-void drop_unlabelled_cases(Init& in, TextTable& x, FArray<std::string>& labels) {
-  std::vector<bool> keep(static_cast<std::size_t>(in.ntest));
-  int kept = 0;
-  for (int i = 1; i <= in.ntest; ++i) {
-    keep[static_cast<std::size_t>(i - 1)] = labels(i) != in.misscode;
-    kept += keep[static_cast<std::size_t>(i - 1)];
-  }
-  if (kept == in.ntest) return;
-  x.keep_rows(keep);
-  FArray<std::string> rest(kept);
-  int k = 0;
-  for (int i = 1; i <= in.ntest; ++i)
-    if (keep[static_cast<std::size_t>(i - 1)]) rest(++k) = labels(i);
-  labels = std::move(rest);
-  in.ntest = kept;
-}
-
-void flag_missing(Init& in, TextTable& x) {
-  in.misindtest.assign(in.ntest, in.nvar, 'n');
-  for (int i = 1; i <= in.ntest; ++i) {
-    for (int j = 1; j <= in.nvar; ++j) {
-      if (x(i, j) != in.misscode) continue;
-      x.set(i, j, "0");
-      in.misindtest(i, j) = 'y';
-    }
-  }
-}
-
-void number_classes(Init& in, const FArray<std::string>& labels) {
-  in.ytest.assign(in.ntest, 0);
-  for (int k = 1; k <= in.nclass; ++k)
-    for (int i = 1; i <= in.ntest; ++i)
-      if (labels(i) == in.clabel(k)) in.ytest(i) = k;
-  for (int i = 1; i <= in.ntest; ++i) {
-    if (in.ytest(i) >= 1) continue;
-    stop_with({"  ***ERROR*** Unseen categories exist in test data", kTestStop});
-  }
-}
-
-// Categories take the learning sample's codes; an unknown one takes 0.
-void recode_categories(const Init& in, TextTable& x) {
-  std::vector<std::string> work(static_cast<std::size_t>(in.ntest));
-  for (int k = 1; k <= in.ncat; ++k) {
-    const int col = in.catpos(k);
-    work.assign(work.size(), "0");
-    for (int j = 1; j <= in.numcat(k); ++j) {
-      const std::string code = format("(i10)", {j});
-      for (int i = 1; i <= in.ntest; ++i)
-        if (x(i, col) == in.catlabel(k, j)) work[static_cast<std::size_t>(i - 1)] = code;
-    }
-    for (int i = 1; i <= in.ntest; ++i) x.set(i, col, work[static_cast<std::size_t>(i - 1)]);
-  }
-}
-
+// Takes the predictors of each case into the columns; with labels, drops the
+// cases whose label is the missing code and looks up the class of the rest.
 void read_test_sample(const char* prompt, bool labelled) {
   Init& in = init();
   std::ifstream file;
   open_test_file(in, prompt, file);
   const std::string path(trim(in.testfile));
-  ListReader reader(file);
+  CaseFile cases(file, path);
   // The count leaves the "x" variables out; the reading that follows does not.
-  in.ntest = count_cases(reader, in.nvar + (labelled ? 1 : 0), "  ***ERROR*** Test file ", path,
-                         kTestStop);
+  const int counted =
+      cases.count(in.nvar + (labelled ? 1 : 0), "  ***ERROR*** Test file ", kTestStop);
 
-  reader.rewind();
-  TextTable x(in.ntest, in.nvar, kNameLen);
-  FArray<std::string> labels(in.ntest, std::string(kNameLen, ' '));
-  read_cases(reader, path, test_slots(in, labelled), x, labelled ? &labels : nullptr);
+  const std::vector<int> slots = test_slots(in, labelled);
+  SampleColumns columns(in, counted, true, in.xtest, in.misindtest);
+  std::vector<std::string_view> predictors(static_cast<std::size_t>(in.nvar));
+  std::vector<int> classes;
+  bool unseen = false;
+  TextIndex class_of;
+  for (int k = 1; k <= in.nclass; ++k) class_of[std::string(text_key(in.clabel(k)))] = k;
+  const std::string_view misskey = text_key(in.misscode);
+  cases.read(static_cast<int>(slots.size()), counted,
+             [&](std::span<const std::string_view> tokens) {
+               std::string_view label;
+               std::fill(predictors.begin(), predictors.end(), std::string_view());
+               for (std::size_t t = 0; t < slots.size(); ++t) {
+                 if (slots[t] == 0)
+                   label = text_key(tokens[t]);
+                 else if (slots[t] > 0)
+                   predictors[static_cast<std::size_t>(slots[t] - 1)] = tokens[t];
+               }
+               if (labelled) {
+                 if (label == misskey) return;
+                 auto it = class_of.find(label);
+                 classes.push_back(it == class_of.end() ? 0 : it->second);
+                 unseen = unseen || it == class_of.end();
+               }
+               columns.add(predictors);
+             });
   file.close();
+  columns.close();
+  in.ntest = columns.cases();
 
-  if (labelled) drop_unlabelled_cases(in, x, labels);
-  flag_missing(in, x);
   if (labelled) {
-    number_classes(in, labels);
+    if (unseen) stop_with({"  ***ERROR*** Unseen categories exist in test data", kTestStop});
+    in.ytest.assign(in.ntest, 0);
+    for (int i = 1; i <= in.ntest; ++i) in.ytest(i) = classes[static_cast<std::size_t>(i - 1)];
   } else {
     // The class is unknown: the first class stands in.
     in.ytest.assign(in.ntest, 1);
     in.noctest.assign(in.nclass, 0);
     if (in.nclass >= 1) in.noctest(1) = in.ntest;
   }
-  recode_categories(in, x);
 
   replace_file(in.outfile);
-  tokens_to_numbers(path, x, in.xtest);
+  columns.finish(path);
 }
 
 }  // namespace
