@@ -33,7 +33,7 @@ void open_test_file(Init& in, const char* prompt, std::ifstream& file) {
       write_list(std::cout, {});
       return;
     }
-    write_list(std::cout, {"  ***ERROR*** File ", path, " does not exist"});
+    write_fmt(std::cout, "(a,a,a)", {"  ***ERROR*** File ", path, " does not exist"});
     write_list(std::cout, {});
   }
 }

@@ -107,7 +107,7 @@ TEST_F(ReadTest, FaultsStopOrEndTheRun) {
 TEST_F(ReadTest, MissingFileIsAskedAgainAndEmptyFileHasNoCases) {
   ASSERT_EQ(run("1 a n\n2 y d\n", "1 A\n", "", true, "none.txt\nt.txt\n"), -1) << screen;
   EXPECT_TRUE(
-      shown("  Enter file name of the data file:    ***ERROR*** File none.txt does not "
+      shown("  Enter file name of the data file:   ***ERROR*** File none.txt does not "
             "exist\n\n  Enter file name of the data file: \n"))
       << screen;
   EXPECT_EQ(init().ntest, 0);
