@@ -212,5 +212,35 @@ TEST_F(Pour, TableAndMissingNode) {
   EXPECT_EQ(untouched, FArray<int>(2, 2, 7));
 }
 
+// One decoded tree serves many cases: each finds its own way two levels
+// down, through a categorical split under a numerical one, and a child number
+// that is not in the store ends the walk.
+TEST_F(Pour, DecodedTreeWalksEveryCase) {
+  one_split({});
+  tree_store().remove_node(3);
+  tree_store().add_node(
+      3, 1, Inner{.var = 2, .gmean = 1, .cuts = {1, 2, 0, 4, 1, 3, 0}, .alt = {}}.record());
+  tree_store().add_node(8, 3, leaf(2));   // child 1 of node 3
+  tree_store().add_node(10, 3, leaf(3));  // child 3; child 2 (node 9) is absent
+  const PourTree tree(tree_store());
+  struct Case {
+    double x1, x2;
+    int node;  // 0: no landing
+  };
+  const Case cases[] = {{0.5, 4, 2}, {1.5, 4, 8}, {1.5, 2, 10},
+                        {3.0, 1, 4}, {1.5, 1, 0}, {1.5, 3, 0}};
+  x.assign(6, 3, 0.0);
+  mis.assign(6, 3, 'n');
+  for (int i = 1; i <= 6; ++i) {
+    x(i, 1) = cases[i - 1].x1;
+    x(i, 2) = cases[i - 1].x2;
+  }
+  PourWork work(3);
+  for (int i = 1; i <= 6; ++i) {
+    const std::optional<Landing> landing = tree.land(x, mis, i, work);
+    EXPECT_EQ(landing ? landing->node : 0, cases[i - 1].node) << "case " << i;
+  }
+}
+
 }  // namespace
 }  // namespace vardel
