@@ -104,6 +104,11 @@ void meanmode_sub(FArray<double>& xdat, std::span<const int> cdat, const FArray<
                   std::span<const int> noc, int n, FArray<double>& grand,
                   FArray<double>& meanmode) {
   getmeanmode(xdat, cdat, misind, noc, n, grand, meanmode);
+  fill_missing_cells(xdat, cdat, misind, n, meanmode);
+}
+
+void fill_missing_cells(FArray<double>& xdat, std::span<const int> cdat, const FArray<char>& misind,
+                        int n, const FArray<double>& meanmode) {
   for (int j = 1; j <= init().nvar; ++j)
     for (int i = 1; i <= n; ++i)
       if (misind(i, j) != 'n') xdat(i, j) = meanmode(cdat[i - 1], j);

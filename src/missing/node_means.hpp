@@ -8,6 +8,8 @@
 //   class with cases (classes without cases keep 0).
 // meanmode_sub: as getmeanmode, then fills each missing cell of xdat with the
 //   centre of its case's class (0 where that class has no present value).
+// fill_missing_cells: that filling alone, from centres getmeanmode has given
+//   for the same cases.
 #pragma once
 
 #include <span>
@@ -23,5 +25,8 @@ void getmeanmode(const FArray<double>& xdat, std::span<const int> cdat, const FA
 
 void meanmode_sub(FArray<double>& xdat, std::span<const int> cdat, const FArray<char>& misind,
                   std::span<const int> noc, int n, FArray<double>& grand, FArray<double>& meanmode);
+
+void fill_missing_cells(FArray<double>& xdat, std::span<const int> cdat, const FArray<char>& misind,
+                        int n, const FArray<double>& meanmode);
 
 }  // namespace vardel

@@ -155,12 +155,8 @@ void ldfuni_fit(Growth& g, int t, NodeCases cases) {
     FArray<double> meanmode;
     getmeanmode(node.xdat, node.ydat.span(), node.misind, node.noc.span(), n, grand, meanmode);
     const Dispatch d = dispatch(in);
-    if (d.node_means) {
-      FArray<double> grand_sub;
-      FArray<double> meanmode_sub_values;
-      meanmode_sub(node.xdat, node.ydat.span(), node.misind, node.noc.span(), n, grand_sub,
-                   meanmode_sub_values);
-    }
+    // The centres just found are those of the same cases: fill with them.
+    if (d.node_means) fill_missing_cells(node.xdat, node.ydat.span(), node.misind, n, meanmode);
     node.prob = g.prob;
     node.csize = g.csize;
     node.nobs = g.nobs;
