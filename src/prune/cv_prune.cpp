@@ -2,6 +2,7 @@
 
 #include <fstream>
 #include <iostream>
+#include <utility>
 
 #include "numerics/format.hpp"
 #include "prune/alpha_seq.hpp"
@@ -81,7 +82,7 @@ void cv_prune(const FArray<double>& x, const FArray<int>& y, const FArray<char>&
     store.restart();
     FoldData fold = select_prune_cv_data(f, mcv.span(), x, y.span(), mis);
     const FArray<double> prob = fold_priors(in.priortype, fold.y.span(), in.nclass, in.prob);
-    grow_tree(fold.x, fold.y, fold.mis, prob, fold.termnode);
+    grow_tree(std::move(fold.x), fold.y, std::move(fold.mis), prob, fold.termnode);
     ClassTables q(in.nclass, pa.nsubtrees);
     cv_test(fold.xcv, fold.ycv.span(), fold.miscv, q);
     table.add(q);

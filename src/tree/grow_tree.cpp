@@ -21,9 +21,7 @@ constexpr double kTestCodeL = 76.0;  // character code of "L"
 
 // The sample a tree is grown on, and what growth keeps about it.
 struct Growth {
-  const FArray<double>& x;
   const FArray<int>& y;
-  const FArray<char>& misind;
   const FArray<double>& prob;
   FArray<int>& termnode;
   FArray<int> csize;  // cases of each class in the sample
@@ -264,18 +262,15 @@ bool growth_available(const char** reason) {
   return why == nullptr;
 }
 
-void grow_tree(const FArray<double>& x, const FArray<int>& y, const FArray<char>& misind,
-               const FArray<double>& prob, FArray<int>& termnode) {
+namespace {
+
+// Starts a growth on y with its priors: class counts, and under fitting on
+// complete cases (impbuild 1) the counts of the complete cases.
+Growth start_growth(const FArray<int>& y, const FArray<char>& misind, const FArray<double>& prob,
+                    FArray<int>& termnode) {
   Init& in = init();
   in.nodes = 0;
-  Growth g{x,
-           y,
-           misind,
-           prob,
-           termnode,
-           FArray<int>(in.nclass, 0),
-           static_cast<int>(y.size()),
-           FArray<int>(),
+  Growth g{y, prob, termnode, FArray<int>(in.nclass, 0), static_cast<int>(y.size()), FArray<int>(),
            0};
   for (int c : y) ++g.csize(c);
   if (in.impbuild == 1) {
@@ -292,11 +287,42 @@ void grow_tree(const FArray<double>& x, const FArray<int>& y, const FArray<char>
     for (int c : g.csize1)
       if (c == 0) in.impbuild = 2;
   }
-  NodeCases root;  // the cases whose node is 1
+  return g;
+}
+
+// The cases whose node is 1.
+std::vector<int> root_members(const FArray<int>& termnode) {
+  std::vector<int> members;
   for (int i = 1; i <= termnode.size(); ++i)
-    if (termnode(i) == 1) root.members.push_back(i);
+    if (termnode(i) == 1) members.push_back(i);
+  return members;
+}
+
+}  // namespace
+
+void grow_tree(const FArray<double>& x, const FArray<int>& y, const FArray<char>& misind,
+               const FArray<double>& prob, FArray<int>& termnode) {
+  Growth g = start_growth(y, misind, prob, termnode);
+  NodeCases root;
+  root.members = root_members(termnode);
   root.x = gather_rows(x, root.members, 0.0);
   root.mis = gather_rows(misind, root.members, 'n');
+  ldfuni_fit(g, 1, std::move(root));
+}
+
+void grow_tree(FArray<double>&& x, const FArray<int>& y, FArray<char>&& misind,
+               const FArray<double>& prob, FArray<int>& termnode) {
+  Growth g = start_growth(y, misind, prob, termnode);
+  NodeCases root;
+  root.members = root_members(termnode);
+  if (static_cast<FArray<int>::Index>(root.members.size()) == x.extent1()) {
+    // Every case starts at the root: its tables are the sample's own.
+    root.x = std::move(x);
+    root.mis = std::move(misind);
+  } else {
+    root.x = gather_rows(x, root.members, 0.0);
+    root.mis = gather_rows(misind, root.members, 'n');
+  }
   ldfuni_fit(g, 1, std::move(root));
 }
 

@@ -15,6 +15,10 @@ namespace vardel {
 
 void grow_tree(const FArray<double>& x, const FArray<int>& y, const FArray<char>& misind,
                const FArray<double>& prob, FArray<int>& termnode);
+// As above, for a sample the caller no longer needs: when every case starts
+// at the root, the root takes x and misind over instead of a copy.
+void grow_tree(FArray<double>&& x, const FArray<int>& y, FArray<char>&& misind,
+               const FArray<double>& prob, FArray<int>& termnode);
 
 // Whether this build can grow the tree the settings ask for; false names
 // the settings (categorical predictors, exhaustive search, the 2D method,
