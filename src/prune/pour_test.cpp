@@ -44,11 +44,15 @@ void pour_test(FArray<int>& table, FArray<double>& x, std::span<const int> y,
       py(row) = landing->iclass;
     }
   }
-  table.assign(k, k, 0);
-  for (int row = 1; row <= n; ++row) {
+  tally_classes(table, y, py, k);
+}
+
+void tally_classes(FArray<int>& table, std::span<const int> y, const FArray<int>& py, int nclass) {
+  table.assign(nclass, nclass, 0);
+  for (int row = 1; row <= py.size(); ++row) {
     const int actual = y[static_cast<std::size_t>(row - 1)];
     const int predicted = py(row);
-    if (actual < 1 || actual > k || predicted < 1 || predicted > k) continue;
+    if (actual < 1 || actual > nclass || predicted < 1 || predicted > nclass) continue;
     ++table(predicted, actual);
   }
 }

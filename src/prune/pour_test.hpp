@@ -29,6 +29,10 @@ namespace vardel {
 void pour_test(FArray<int>& table, FArray<double>& x, std::span<const int> y,
                const FArray<char>& mis, int n);
 
+// table(predicted, true) from the predicted classes py of the cases with
+// true classes y: every entry overwritten, codes outside 1..K counted nowhere.
+void tally_classes(FArray<int>& table, std::span<const int> y, const FArray<int>& py, int nclass);
+
 // Walks case `row` of x from the root. nullopt when a node on its way is not
 // in the store. The first form decodes the tree in the store for this one case.
 std::optional<Landing> land_case(FArray<double>& x, const FArray<char>& mis, int row,

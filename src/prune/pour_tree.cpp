@@ -87,10 +87,21 @@ int PourTree::child_of(const Node& node, double x) const {
 
 std::optional<Landing> PourTree::land(FArray<double>& x, const FArray<char>& mis, int row,
                                       PourWork& work) const {
+  return walk(x, mis, row, work, nullptr);
+}
+
+std::optional<Landing> PourTree::land(FArray<double>& x, const FArray<char>& mis, int row,
+                                      PourWork& work, std::vector<int>& path) const {
+  return walk(x, mis, row, work, &path);
+}
+
+std::optional<Landing> PourTree::walk(FArray<double>& x, const FArray<char>& mis, int row,
+                                      PourWork& work, std::vector<int>* path) const {
   if (nodes_.empty()) return std::nullopt;
   std::size_t at = 0;
   for (;;) {
     const Node& node = nodes_[at];
+    if (path != nullptr) path->push_back(static_cast<int>(at));
     if (node.terminal) return Landing{node.id, node.iclass};
     if (mis(row, node.var) == 'y' && !impute_split_value(node.y, x, mis, row, node.var, work)) {
       return Landing{node.id, node.iclass};

@@ -37,6 +37,15 @@ class PourTree {
 
   std::optional<Landing> land(FArray<double>& x, const FArray<char>& mis, int row,
                               PourWork& work) const;
+  // As land, and appends the places (see node_id) of the nodes the case
+  // passes, from the root to where it lands or its walk ends.
+  std::optional<Landing> land(FArray<double>& x, const FArray<char>& mis, int row, PourWork& work,
+                              std::vector<int>& path) const;
+
+  // The decoded nodes by place 0..size()-1: their numbers and classes.
+  int size() const { return static_cast<int>(nodes_.size()); }
+  int node_id(int place) const { return nodes_[static_cast<std::size_t>(place)].id; }
+  int node_class(int place) const { return nodes_[static_cast<std::size_t>(place)].iclass; }
 
  private:
   struct Node {
@@ -54,6 +63,8 @@ class PourTree {
   };
 
   int child_of(const Node& node, double x) const;
+  std::optional<Landing> walk(FArray<double>& x, const FArray<char>& mis, int row, PourWork& work,
+                              std::vector<int>* path) const;
 
   int nclass_ = 0;
   int cut_pos_ = 0;
