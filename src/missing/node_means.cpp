@@ -83,7 +83,8 @@ void getgrand(const FArray<double>& xdat, const FArray<char>& misind, int n,
 }
 
 void getmeanmode(const FArray<double>& xdat, std::span<const int> cdat, const FArray<char>& misind,
-                 std::span<const int> noc, int n, FArray<double>& grand, FArray<double>& meanmode) {
+                 std::span<const int> noc, int n, FArray<double>& grand, FArray<double>& meanmode,
+                 int only) {
   const Init& in = init();
   const int classes = static_cast<int>(noc.size());
   const FArray<int> ordinal = categorical_ordinals(in);
@@ -92,6 +93,7 @@ void getmeanmode(const FArray<double>& xdat, std::span<const int> cdat, const FA
   meanmode.assign(classes, in.nvar, 0.0);
   grand.assign(in.nvar, 0.0);
   for (int j = 1; j <= in.nvar; ++j) {
+    if (only > 0 && j != only) continue;
     const int numcat = ordinal(j) > 0 ? in.numcat(ordinal(j)) : 0;
     column_centres(xdat, cdat, misind, n, j, numcat, classes, centre, sums, counts);
     grand(j) = centre[0];
@@ -104,6 +106,11 @@ void meanmode_sub(FArray<double>& xdat, std::span<const int> cdat, const FArray<
                   std::span<const int> noc, int n, FArray<double>& grand,
                   FArray<double>& meanmode) {
   getmeanmode(xdat, cdat, misind, noc, n, grand, meanmode);
+  fill_missing_cells(xdat, cdat, misind, n, meanmode);
+}
+
+void fill_missing_cells(FArray<double>& xdat, std::span<const int> cdat, const FArray<char>& misind,
+                        int n, const FArray<double>& meanmode) {
   for (int j = 1; j <= init().nvar; ++j)
     for (int i = 1; i <= n; ++i)
       if (misind(i, j) != 'n') xdat(i, j) = meanmode(cdat[i - 1], j);

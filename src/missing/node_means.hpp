@@ -5,9 +5,13 @@
 //
 // getgrand: grand(j) over all n cases.
 // getmeanmode: grand, and meanmode(k, j) over the cases of class k, for each
-//   class with cases (classes without cases keep 0).
+//   class with cases (classes without cases keep 0). With `only` > 0 just
+//   that predictor's centres are worked out (the others stay 0): all a node
+//   needs when it fills no missing cells.
 // meanmode_sub: as getmeanmode, then fills each missing cell of xdat with the
 //   centre of its case's class (0 where that class has no present value).
+// fill_missing_cells: that filling alone, from centres getmeanmode has given
+//   for the same cases.
 #pragma once
 
 #include <span>
@@ -19,9 +23,13 @@ namespace vardel {
 void getgrand(const FArray<double>& xdat, const FArray<char>& misind, int n, FArray<double>& grand);
 
 void getmeanmode(const FArray<double>& xdat, std::span<const int> cdat, const FArray<char>& misind,
-                 std::span<const int> noc, int n, FArray<double>& grand, FArray<double>& meanmode);
+                 std::span<const int> noc, int n, FArray<double>& grand, FArray<double>& meanmode,
+                 int only = 0);
 
 void meanmode_sub(FArray<double>& xdat, std::span<const int> cdat, const FArray<char>& misind,
                   std::span<const int> noc, int n, FArray<double>& grand, FArray<double>& meanmode);
+
+void fill_missing_cells(FArray<double>& xdat, std::span<const int> cdat, const FArray<char>& misind,
+                        int n, const FArray<double>& meanmode);
 
 }  // namespace vardel

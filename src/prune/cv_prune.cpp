@@ -2,6 +2,7 @@
 
 #include <fstream>
 #include <iostream>
+#include <utility>
 
 #include "numerics/format.hpp"
 #include "prune/alpha_seq.hpp"
@@ -10,8 +11,8 @@
 #include "prune/cv_progress.hpp"
 #include "prune/cv_table.hpp"
 #include "prune/fold_data.hpp"
-#include "prune/pour_test.hpp"
 #include "prune/prune_arrays.hpp"
+#include "prune/pruned_pours.hpp"
 #include "prune/replay.hpp"
 #include "prune/stratify.hpp"
 #include "run/init.hpp"
@@ -25,11 +26,11 @@ namespace {
 constexpr double kEps = 2.220446049250313e-16;  // tolerance on link strengths
 
 // Pours the test part through the tree in the store into subtree s's table.
-void pour_into(ClassTables& q, int s, FArray<double>& x, std::span<const int> y,
+void pour_into(PrunedPours& pours, ClassTables& q, int s, FArray<double>& x, std::span<const int> y,
                const FArray<char>& mis) {
   const int k = q.nclass();
   FArray<int> table(k, k, 0);
-  pour_test(table, x, y, mis, static_cast<int>(y.size()));
+  pours.pour(table, x, y, mis, static_cast<int>(y.size()));
   FView<int> out = q.table(s);
   for (int i = 1; i <= k * k; ++i) out(i) = table(i);
 }
@@ -41,7 +42,9 @@ void cv_test(FArray<double>& xcv, std::span<const int> ycv, const FArray<char>& 
   PruneArrays& pa = prune_arrays();
   refill_arrays();
   fill_cost();
-  pour_into(q, 0, xcv, ycv, miscv);
+  // The subtrees are prunings of one tree: later pours follow the first's paths.
+  PrunedPours pours;
+  pour_into(pours, q, 0, xcv, ycv, miscv);
   for (int k = 1; k <= pa.nsubtrees; ++k) {
     for (;;) {
       if (pa.nstat[0] == 1) break;  // the root is terminal
@@ -58,7 +61,7 @@ void cv_test(FArray<double>& xcv, std::span<const int> ycv, const FArray<char>& 
       refill_arrays();
       fill_cost();
     }
-    pour_into(q, k, xcv, ycv, miscv);
+    pour_into(pours, q, k, xcv, ycv, miscv);
   }
 }
 
@@ -81,7 +84,7 @@ void cv_prune(const FArray<double>& x, const FArray<int>& y, const FArray<char>&
     store.restart();
     FoldData fold = select_prune_cv_data(f, mcv.span(), x, y.span(), mis);
     const FArray<double> prob = fold_priors(in.priortype, fold.y.span(), in.nclass, in.prob);
-    grow_tree(fold.x, fold.y, fold.mis, prob, fold.termnode);
+    grow_tree(std::move(fold.x), fold.y, std::move(fold.mis), prob, fold.termnode);
     ClassTables q(in.nclass, pa.nsubtrees);
     cv_test(fold.xcv, fold.ycv.span(), fold.miscv, q);
     table.add(q);

@@ -5,6 +5,24 @@
 
 namespace vardel {
 
+namespace {
+
+// One column of the sample into the learning and test parts, in case order.
+template <class T>
+void copy_by_fold(int fold, FView<const int> fold_of, std::span<const T> from, std::span<T> learn,
+                  std::span<T> test) {
+  std::size_t il = 0;
+  std::size_t it = 0;
+  for (std::size_t i = 0; i < from.size(); ++i) {
+    if (fold_of(static_cast<FArray<int>::Index>(i + 1)) != fold)
+      learn[il++] = from[i];
+    else
+      test[it++] = from[i];
+  }
+}
+
+}  // namespace
+
 int fold_learning_count(int fold, std::span<const int> mcv) {
   return static_cast<int>(
       std::count_if(mcv.begin(), mcv.end(), [fold](int f) { return f != fold; }));
@@ -28,24 +46,18 @@ FoldData select_prune_cv_data(int fold, std::span<const int> mcv, const FArray<d
   d.ycv.assign(ntest, 0);
   d.miscv.assign(ntest, p, 'n');
 
+  // Classes first, then the tables column by column (the storage order).
   FArray<int>::Index il = 0;
   FArray<int>::Index it = 0;
   for (FArray<int>::Index i = 1; i <= n; ++i) {
-    if (fold_of(i) != fold) {
-      ++il;
-      d.y(il) = cls(i);
-      for (FArray<int>::Index j = 1; j <= p; ++j) {
-        d.x(il, j) = x(i, j);
-        d.mis(il, j) = mis(i, j);
-      }
-    } else {
-      ++it;
-      d.ycv(it) = cls(i);
-      for (FArray<int>::Index j = 1; j <= p; ++j) {
-        d.xcv(it, j) = x(i, j);
-        d.miscv(it, j) = mis(i, j);
-      }
-    }
+    if (fold_of(i) != fold)
+      d.y(++il) = cls(i);
+    else
+      d.ycv(++it) = cls(i);
+  }
+  for (FArray<int>::Index j = 1; j <= p; ++j) {
+    copy_by_fold(fold, fold_of, x.column(j), d.x.column(j), d.xcv.column(j));
+    copy_by_fold(fold, fold_of, mis.column(j), d.mis.column(j), d.miscv.column(j));
   }
   return d;
 }

@@ -8,9 +8,6 @@
 // so that child k of t is (t - 1) K + k + 1. A number beyond the range of
 // node ids comes back as 0, which is never in the store.
 //
-// univariate_child picks the child of a univariate split node for the value x
-// of its split variable (x already imputed if it was missing).
-//
 // PourWork holds the work arrays shared by the steps of one pour.
 #pragma once
 
@@ -21,12 +18,6 @@ namespace vardel {
 int read_record_int(const FView<double>& y, int pos);
 
 int child_node(int t, int k, int nclass);
-
-// Record y of a split node of a univariate tree; returns the child 1..K.
-// Numerical: the first k with x <= cutpt(k), else K; under the 1D method an
-// "L" test compares |x - gmean| instead of x. Categorical: the subnode whose
-// category list holds nint(x), else K (an unseen category).
-int univariate_child(const FView<double>& y, double x);
 
 // Work arrays of a pour, sized once for K classes and reused for every case
 // and node, so that the walk allocates nothing per case.

@@ -14,6 +14,7 @@
 //
 // land_case walks one case and tells where it ends. The split type of the run
 // chooses the walk; only the univariate walk (split type 1) is built so far.
+// pour_test decodes the tree once (PourTree) and walks every case on it.
 #pragma once
 
 #include <optional>
@@ -21,23 +22,22 @@
 
 #include "numerics/farray.hpp"
 #include "prune/node_walk.hpp"
+#include "prune/pour_tree.hpp"
 
 namespace vardel {
-
-// The terminal node a case reaches and its predicted class (0 in a child
-// without cases). Under "Go down if possible" a case with a missing split
-// value lands on the inner node where it stopped.
-struct Landing {
-  int node;
-  int iclass;
-};
 
 void pour_test(FArray<int>& table, FArray<double>& x, std::span<const int> y,
                const FArray<char>& mis, int n);
 
+// table(predicted, true) from the predicted classes py of the cases with
+// true classes y: every entry overwritten, codes outside 1..K counted nowhere.
+void tally_classes(FArray<int>& table, std::span<const int> y, const FArray<int>& py, int nclass);
+
 // Walks case `row` of x from the root. nullopt when a node on its way is not
-// in the store.
+// in the store. The first form decodes the tree in the store for this one case.
 std::optional<Landing> land_case(FArray<double>& x, const FArray<char>& mis, int row,
                                  PourWork& work);
+std::optional<Landing> land_case(const PourTree& tree, FArray<double>& x, const FArray<char>& mis,
+                                 int row, PourWork& work);
 
 }  // namespace vardel

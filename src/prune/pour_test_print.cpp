@@ -10,6 +10,7 @@
 #include "report/class_order.hpp"
 #include "report/tree_walk.hpp"
 #include "run/init.hpp"
+#include "tree/tree_store.hpp"
 
 namespace vardel {
 
@@ -29,8 +30,9 @@ void pour_test_print(FArray<int>& table, FArray<double>& x, std::span<const int>
   PourWork work(k);
   FArray<int> py(n, 0);
   termid.assign(n, 0);
+  const PourTree tree(tree_store());
   for (int row = 1; row <= n; ++row) {
-    const std::optional<Landing> landing = land_case(x, mis, row, work);
+    const std::optional<Landing> landing = land_case(tree, x, mis, row, work);
     if (!landing) return;
     py(row) = landing->iclass;
     termid(row) = landing->node;

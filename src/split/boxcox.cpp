@@ -1,6 +1,7 @@
 // Box-Cox transformation of one variable at a node (see boxcox.hpp).
 #include "split/boxcox.hpp"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <cstddef>
@@ -127,31 +128,38 @@ BoxCoxResult boxcox(std::span<double> x, std::span<const int> ydat, double& mse,
   double sum_log = 0.0;
   for (const double v : x) sum_log += std::log(v);
 
+  // z: the values under the power being tried; last, last_mean, last_v: the
+  // values, class means and spread under the power before it, kept so that
+  // going back one step costs nothing.
   std::vector<double> z(x.size());
+  std::vector<double> last(x.size());
   FArray<double> mean(nc.size(), 0.0);
+  FArray<double> last_mean(nc.size(), 0.0);
+  double last_v = 0.0;
   double best = std::numeric_limits<double>::max();
-  double v = 0.0;
   for (Index ig = 1; ig <= grid.size; ++ig) {
     const double p = grid(ig);
     transform(x, p, z);
-    v = class_spread(z, y, nc, mean);
+    const double v = class_spread(z, y, nc, mean);
     const double c = v < kTiny ? kLowGuard : std::log(v) - 2.0 / dn * p * sum_log;
     // The first power is always taken, even when c is +inf from an overflow.
     if (ig > 1 && best <= c) {
       // The walk ends at the first power that does not improve: go back one.
-      const double lambda = grid(ig - 1);
-      transform(x, lambda, x);
-      mse = class_spread(x, y, nc, mean);
-      store_means(mean, nc, xm);
-      return {lambda, shift};
+      std::copy(last.begin(), last.end(), x.begin());
+      mse = last_v;
+      store_means(last_mean, nc, xm);
+      return {grid(ig - 1), shift};
     }
     best = c;
+    z.swap(last);
+    std::swap(mean, last_mean);
+    last_v = v;
   }
 
   // Every power improved: the last one stands.
-  for (std::size_t i = 0; i < x.size(); ++i) x[i] = z[i];
-  mse = v;
-  store_means(mean, nc, xm);
+  std::copy(last.begin(), last.end(), x.begin());
+  mse = last_v;
+  store_means(last_mean, nc, xm);
   return {grid(grid.size), shift};
 }
 

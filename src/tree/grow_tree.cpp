@@ -1,5 +1,6 @@
 #include "tree/grow_tree.hpp"
 
+#include <algorithm>
 #include <iostream>
 #include <vector>
 
@@ -20,9 +21,7 @@ constexpr double kTestCodeL = 76.0;  // character code of "L"
 
 // The sample a tree is grown on, and what growth keeps about it.
 struct Growth {
-  const FArray<double>& x;
   const FArray<int>& y;
-  const FArray<char>& misind;
   const FArray<double>& prob;
   FArray<int>& termnode;
   FArray<int> csize;  // cases of each class in the sample
@@ -110,6 +109,21 @@ struct NodeCases {
   FArray<char> mis;
 };
 
+// Copies each row of a node's table into the table of its subnode py(r),
+// keeping case order; the children's tables have their sizes already.
+template <class T>
+void split_columns(const FArray<T>& from, const FArray<int>& py, std::vector<NodeCases>& children,
+                   FArray<T> NodeCases::*table) {
+  std::vector<T*> to(children.size());
+  for (int j = 1; j <= from.extent2(); ++j) {
+    for (std::size_t k = 0; k < children.size(); ++k)
+      to[k] = children[k].members.empty() ? nullptr : (children[k].*table).column(j).data();
+    const std::span<const T> source = from.column(j);
+    for (std::size_t r = 0; r < source.size(); ++r)
+      *to[static_cast<std::size_t>(py(static_cast<FArray<int>::Index>(r + 1)) - 1)]++ = source[r];
+  }
+}
+
 // Finishes node t and everything below it.
 void ldfuni_fit(Growth& g, int t, NodeCases cases) {
   Init& in = init();
@@ -145,21 +159,18 @@ void ldfuni_fit(Growth& g, int t, NodeCases cases) {
     rt = getrt(pr);
   }
 
-  bool any_present = false;
-  for (char c : node.misind) any_present = any_present || c == 'n';
+  const bool any_present =
+      std::find(node.misind.begin(), node.misind.end(), 'n') != node.misind.end();
   const bool stop = m <= 1 || n <= in.mindat || t >= in.maxnodeid || m >= n || !any_present;
 
   std::vector<double> record;
   if (!stop) {
     FArray<double> grand;
     FArray<double> meanmode;
-    getmeanmode(node.xdat, node.ydat.span(), node.misind, node.noc.span(), n, grand, meanmode);
     const Dispatch d = dispatch(in);
     if (d.node_means) {
-      FArray<double> grand_sub;
-      FArray<double> meanmode_sub_values;
-      meanmode_sub(node.xdat, node.ydat.span(), node.misind, node.noc.span(), n, grand_sub,
-                   meanmode_sub_values);
+      getmeanmode(node.xdat, node.ydat.span(), node.misind, node.noc.span(), n, grand, meanmode);
+      fill_missing_cells(node.xdat, node.ydat.span(), node.misind, n, meanmode);
     }
     node.prob = g.prob;
     node.csize = g.csize;
@@ -169,13 +180,20 @@ void ldfuni_fit(Growth& g, int t, NodeCases cases) {
                                                           : classify(d.member, node);
 
     // A split that leaves every case in one subnode is no split.
-    for (int k = 1; k <= k_classes && split.success; ++k) {
-      bool all_here = true;
-      for (int v : split.py) all_here = all_here && v == k;
-      if (all_here && n > 0) split.success = false;
+    if (split.success && n > 0) {
+      const int first = split.py(1);
+      const bool all_here =
+          first >= 1 && first <= k_classes &&
+          std::all_of(split.py.begin(), split.py.end(), [first](int v) { return v == first; });
+      if (all_here) split.success = false;
     }
 
     if (split.success) {
+      // Without filling, the record needs the centres of the split variable
+      // alone; the split leaves the node's values as they were.
+      if (!d.node_means)
+        getmeanmode(node.xdat, node.ydat.span(), node.misind, node.noc.span(), n, grand, meanmode,
+                    split.var);
       pack_counts(record, n, iclass, rt, node.noc);
       for (int k = 1; k <= k_classes; ++k) record.push_back(meanmode(k, split.var));
       record.push_back(grand(split.var));
@@ -197,24 +215,26 @@ void ldfuni_fit(Growth& g, int t, NodeCases cases) {
       }
       tree_store().add_node(t, parent_of(t, k_classes), record);
 
-      // Each child's cases, in case order, with its copy of their values.
+      // Each child's cases, in case order, with its copy of their values:
+      // one pass down each column hands every value to its subnode.
       std::vector<NodeCases> children(static_cast<std::size_t>(k_classes));
-      std::vector<std::vector<int>> rows(static_cast<std::size_t>(k_classes));
       for (int r = 1; r <= n; ++r) {
         const int i = members[static_cast<std::size_t>(r - 1)];
         g.termnode(i) = (t - 1) * k_classes + 1 + split.py(r);
-        const auto k = static_cast<std::size_t>(split.py(r) - 1);
-        children[k].members.push_back(i);
-        rows[k].push_back(r);
+        children[static_cast<std::size_t>(split.py(r) - 1)].members.push_back(i);
       }
-      for (std::size_t k = 0; k < children.size(); ++k) {
-        children[k].x = gather_rows(node.xdat, rows[k], 0.0);
-        children[k].mis = gather_rows(node.misind, rows[k], 'n');
+      const bool any_missing =
+          std::find(node.misind.begin(), node.misind.end(), 'y') != node.misind.end();
+      for (NodeCases& child : children) {
+        const int rows = static_cast<int>(child.members.size());
+        child.x.assign(rows, p, 0.0);
+        child.mis.assign(rows, p, 'n');
       }
+      split_columns(node.xdat, split.py, children, &NodeCases::x);
+      if (any_missing) split_columns(node.misind, split.py, children, &NodeCases::mis);
       node = NodeSample{};
       split = SplitResult{};
       members = {};
-      rows = {};
       for (int k = 1; k <= k_classes; ++k)
         ldfuni_fit(g, (t - 1) * k_classes + k + 1,
                    std::move(children[static_cast<std::size_t>(k - 1)]));
@@ -227,20 +247,13 @@ void ldfuni_fit(Growth& g, int t, NodeCases cases) {
   tree_store().add_node(t, parent_of(t, k_classes), record);
 }
 
-}  // namespace
-
-void grow_tree(const FArray<double>& x, const FArray<int>& y, const FArray<char>& misind,
-               const FArray<double>& prob, FArray<int>& termnode) {
+// Starts a growth on y with its priors: class counts, and under fitting on
+// complete cases (impbuild 1) the counts of the complete cases.
+Growth start_growth(const FArray<int>& y, const FArray<char>& misind, const FArray<double>& prob,
+                    FArray<int>& termnode) {
   Init& in = init();
   in.nodes = 0;
-  Growth g{x,
-           y,
-           misind,
-           prob,
-           termnode,
-           FArray<int>(in.nclass, 0),
-           static_cast<int>(y.size()),
-           FArray<int>(),
+  Growth g{y, prob, termnode, FArray<int>(in.nclass, 0), static_cast<int>(y.size()), FArray<int>(),
            0};
   for (int c : y) ++g.csize(c);
   if (in.impbuild == 1) {
@@ -257,11 +270,42 @@ void grow_tree(const FArray<double>& x, const FArray<int>& y, const FArray<char>
     for (int c : g.csize1)
       if (c == 0) in.impbuild = 2;
   }
-  NodeCases root;  // the cases whose node is 1
+  return g;
+}
+
+// The cases whose node is 1.
+std::vector<int> root_members(const FArray<int>& termnode) {
+  std::vector<int> members;
   for (int i = 1; i <= termnode.size(); ++i)
-    if (termnode(i) == 1) root.members.push_back(i);
+    if (termnode(i) == 1) members.push_back(i);
+  return members;
+}
+
+}  // namespace
+
+void grow_tree(const FArray<double>& x, const FArray<int>& y, const FArray<char>& misind,
+               const FArray<double>& prob, FArray<int>& termnode) {
+  Growth g = start_growth(y, misind, prob, termnode);
+  NodeCases root;
+  root.members = root_members(termnode);
   root.x = gather_rows(x, root.members, 0.0);
   root.mis = gather_rows(misind, root.members, 'n');
+  ldfuni_fit(g, 1, std::move(root));
+}
+
+void grow_tree(FArray<double>&& x, const FArray<int>& y, FArray<char>&& misind,
+               const FArray<double>& prob, FArray<int>& termnode) {
+  Growth g = start_growth(y, misind, prob, termnode);
+  NodeCases root;
+  root.members = root_members(termnode);
+  if (static_cast<FArray<int>::Index>(root.members.size()) == x.extent1()) {
+    // Every case starts at the root: its tables are the sample's own.
+    root.x = std::move(x);
+    root.mis = std::move(misind);
+  } else {
+    root.x = gather_rows(x, root.members, 0.0);
+    root.mis = gather_rows(misind, root.members, 'n');
+  }
   ldfuni_fit(g, 1, std::move(root));
 }
 

@@ -15,5 +15,9 @@ namespace vardel {
 
 void grow_tree(const FArray<double>& x, const FArray<int>& y, const FArray<char>& misind,
                const FArray<double>& prob, FArray<int>& termnode);
+// As above, for a sample the caller no longer needs: when every case starts
+// at the root, the root takes x and misind over instead of a copy.
+void grow_tree(FArray<double>&& x, const FArray<int>& y, FArray<char>&& misind,
+               const FArray<double>& prob, FArray<int>& termnode);
 
 }  // namespace vardel

@@ -53,6 +53,16 @@ TEST_F(NodeMeans, MeansOfPresentValuesAndModesWithTheSmallestCodeOnTies) {
   EXPECT_EQ(meanmode(2, 2), 2.0);  // codes 3 and 2 once each
   EXPECT_EQ(meanmode(3, 1), 0.0);
   EXPECT_EQ(meanmode(3, 2), 0.0);
+
+  // One predictor alone: the same centres there, zeros elsewhere.
+  for (int only = 1; only <= 2; ++only) {
+    FArray<double> g1, m1;
+    getmeanmode(x, cls, mis, noc, 6, g1, m1, only);
+    for (int j = 1; j <= 2; ++j) {
+      EXPECT_EQ(g1(j), j == only ? grand(j) : 0.0) << only << " " << j;
+      for (int k = 1; k <= 3; ++k) EXPECT_EQ(m1(k, j), j == only ? meanmode(k, j) : 0.0);
+    }
+  }
 }
 
 TEST_F(NodeMeans, NoPresentValueGivesZero) {

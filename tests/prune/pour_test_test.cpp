@@ -5,6 +5,7 @@
 #include <limits>
 #include <vector>
 
+#include "prune/pruned_pours.hpp"
 #include "support/harness.hpp"
 
 namespace vardel {
@@ -210,6 +211,69 @@ TEST_F(Pour, TableAndMissingNode) {
   FArray<int> untouched(2, 2, 7);
   pour_test(untouched, x, y, mis, 6);
   EXPECT_EQ(untouched, FArray<int>(2, 2, 7));
+}
+
+// One decoded tree serves many cases: each finds its own way two levels
+// down, through a categorical split under a numerical one, and a child number
+// that is not in the store ends the walk.
+TEST_F(Pour, DecodedTreeWalksEveryCase) {
+  one_split({});
+  tree_store().remove_node(3);
+  tree_store().add_node(
+      3, 1, Inner{.var = 2, .gmean = 1, .cuts = {1, 2, 0, 4, 1, 3, 0}, .alt = {}}.record());
+  tree_store().add_node(8, 3, leaf(2));   // child 1 of node 3
+  tree_store().add_node(10, 3, leaf(3));  // child 3; child 2 (node 9) is absent
+  const PourTree tree(tree_store());
+  struct Case {
+    double x1, x2;
+    int node;  // 0: no landing
+  };
+  const Case cases[] = {{0.5, 4, 2}, {1.5, 4, 8}, {1.5, 2, 10},
+                        {3.0, 1, 4}, {1.5, 1, 0}, {1.5, 3, 0}};
+  x.assign(6, 3, 0.0);
+  mis.assign(6, 3, 'n');
+  for (int i = 1; i <= 6; ++i) {
+    x(i, 1) = cases[i - 1].x1;
+    x(i, 2) = cases[i - 1].x2;
+  }
+  PourWork work(3);
+  for (int i = 1; i <= 6; ++i) {
+    const std::optional<Landing> landing = tree.land(x, mis, i, work);
+    EXPECT_EQ(landing ? landing->node : 0, cases[i - 1].node) << "case " << i;
+  }
+}
+
+// Later pours through a pruned tree follow the first pour's paths and give
+// the tables a fresh pour gives: after a pruning, after losing one child
+// (the pour then ends untouched), and with the root gone.
+TEST_F(Pour, PrunedPoursMatchFreshPours) {
+  init().impprune = 2;
+  one_split({.grand = 1.5, .alt = {}});
+  tree_store().remove_node(3);
+  tree_store().add_node(
+      3, 1,
+      Inner{.iclass = 3, .var = 2, .gmean = 1, .cuts = {1, 2, 0, 4, 1, 3, 0}, .alt = {}}.record());
+  for (int k = 1; k <= 3; ++k) tree_store().add_node(7 + k, 3, leaf(k));
+  const double x1[] = {0.5, 1.5, 1.5, 3.0, 0.0, 1.5};
+  const double x2[] = {1, 4, 2, 1, 3, 1};
+  x.assign(6, 3, 0.0);
+  mis.assign(6, 3, 'n');
+  for (int i = 1; i <= 6; ++i) {
+    x(i, 1) = x1[i - 1];
+    x(i, 2) = x2[i - 1];
+  }
+  mis(5, 1) = 'y';  // takes grand 1.5: into node 3
+  const std::vector<int> y{1, 2, 3, 3, 2, 1};
+  PrunedPours pours;
+  const std::vector<int> removed[] = {{}, {10}, {8, 9}, {1}};
+  for (const std::vector<int>& ids : removed) {
+    for (int id : ids) tree_store().remove_node(id);
+    FArray<int> kept(3, 3, 7);
+    FArray<int> fresh(3, 3, 7);
+    pours.pour(kept, x, y, mis, 6);
+    pour_test(fresh, x, y, mis, 6);
+    EXPECT_EQ(kept, fresh) << "after removing " << ids.size() << " nodes";
+  }
 }
 
 }  // namespace

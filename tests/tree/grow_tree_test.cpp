@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <utility>
 #include <vector>
 
 #include "run/init.hpp"
@@ -171,6 +172,37 @@ TEST_F(GrowTree, SubnodeWithoutCasesIsStoredAsAnEmptyTerminalNode) {
     }
   }
   EXPECT_EQ(empty, 1);
+}
+
+// The form that takes the sample over grows the same tree as the copying
+// form, whether every case starts at the root or only some do.
+TEST_F(GrowTree, TakingTheSampleOverGrowsTheSameTree) {
+  const std::vector<double> a{3, 1, 2, 2, 3, 1, 1, 3, 2, 5, 4, 6};
+  const std::vector<double> b{10, 12, 11, 20, 19, 22, 30, 31, 29, 12, 21, 33};
+  const std::vector<int> classes{1, 1, 1, 2, 2, 2, 3, 3, 3, 1, 2, 3};
+  for (const bool all_at_root : {true, false}) {
+    SCOPED_TRACE(all_at_root);
+    std::vector<std::vector<double>> records[2];
+    std::vector<int> terminal[2];
+    for (int form = 0; form < 2; ++form) {
+      setup(3, {a, b}, classes);
+      Init& in = init();
+      if (!all_at_root) in.termnode(5) = 3;
+      if (form == 0) {
+        grow();
+      } else {
+        FArray<double> x = in.xdata;
+        FArray<char> mis = in.misind;
+        grow_tree(std::move(x), in.cdata, std::move(mis), in.prob, in.termnode);
+      }
+      for (int id = 1; id <= in.maxnodeid; ++id)
+        if (tree_store().contains(id)) records[form].push_back(record(id));
+      terminal[form].assign(in.termnode.begin(), in.termnode.end());
+    }
+    EXPECT_GT(records[0].size(), 1u);
+    EXPECT_EQ(records[1], records[0]);
+    EXPECT_EQ(terminal[1], terminal[0]);
+  }
 }
 
 }  // namespace
