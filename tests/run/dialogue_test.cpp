@@ -9,13 +9,12 @@
 
 #include "run/dialogue_steps.hpp"
 #include "run/run_program.hpp"
-#include "support/harness.hpp"
+#include "support/whole_run.hpp"
 
 namespace vardel {
 namespace {
 
 using testing_support::Console;
-using testing_support::WorkFolder;
 
 std::string lines(std::string s) {  // '|' stands for a line end
   for (char& c : s)
@@ -23,12 +22,7 @@ std::string lines(std::string s) {  // '|' stands for a line end
   return s;
 }
 
-std::string slurp(const std::filesystem::path& p) {
-  std::ifstream in(p, std::ios::binary);
-  std::stringstream ss;
-  ss << in.rdbuf();
-  return ss.str();
-}
+using testing_support::read_whole_file;
 
 // The questions of the screen from the option question on, one a line: choice
 // questions are named by the fourth word of their "Choose 1" line, and file
@@ -77,25 +71,15 @@ std::string questions_expected(const std::string& names, int nobs) {
   return out;
 }
 
-class Dialogue : public ::testing::Test {
+class Dialogue : public testing_support::WholeRun {
  protected:
-  void SetUp() override { testing_support::fresh_run_state(); }
-  void TearDown() override { testing_support::fresh_run_state(); }
   // Copies a data set (an example, or "tiny" of the fixtures) into the work folder.
   void copy_data(const std::string& name) {
     const std::filesystem::path dir = name == "tiny"
                                           ? std::filesystem::path(VARDEL_FIXTURE_DIR) / "dialogue"
                                           : std::filesystem::path(VARDEL_EXAMPLES_DIR) / name;
-    for (const char* ext : {".dsc", ".dat"}) folder.write(name + ext, slurp(dir / (name + ext)));
+    copy_files(dir, name, {".dsc", ".dat"});
   }
-  int run(const std::string& answers) {
-    Console console(answers);
-    const int status = run_program();
-    screen = console.screen();
-    return status;
-  }
-  WorkFolder folder;
-  std::string screen;
 };
 
 struct DialogueCase {
@@ -184,8 +168,8 @@ TEST_F(Dialogue, TestSamplePruningReplaysAndMatchesItsFixtures) {
   EXPECT_EQ(folder.read("res.out"), replayed);
   EXPECT_EQ(folder.read("pred.txt"), predicted);
   const std::filesystem::path runs = std::filesystem::path(VARDEL_FIXTURE_DIR) / "runs";
-  EXPECT_EQ(replayed, slurp(runs / "iris_test_sample.out"));
-  EXPECT_EQ(predicted, slurp(runs / "iris_test_sample.pred"));
+  EXPECT_EQ(replayed, read_whole_file(runs / "iris_test_sample.out"));
+  EXPECT_EQ(predicted, read_whole_file(runs / "iris_test_sample.pred"));
 }
 
 TEST_F(Dialogue, PredictionFileForCasesWithoutClassColumn) {

@@ -4,39 +4,21 @@
 
 #include <filesystem>
 
-#include "support/harness.hpp"
+#include "support/whole_run.hpp"
 
 namespace vardel {
 namespace {
 
 using testing_support::Console;
-using testing_support::WorkFolder;
 
-std::string read_file(const std::filesystem::path& p) {
-  std::ifstream in(p, std::ios::binary);
-  std::stringstream ss;
-  ss << in.rdbuf();
-  return ss.str();
-}
+using testing_support::read_whole_file;
 
-class RunProgram : public ::testing::Test {
+class RunProgram : public testing_support::WholeRun {
  protected:
-  void SetUp() override { testing_support::fresh_run_state(); }
-  void TearDown() override { testing_support::fresh_run_state(); }
-  // Copies an example's description and data files into the work folder.
+  // Copies an example's description, data and answer files into the work folder.
   void copy_example(const std::string& name) {
-    const std::filesystem::path dir = std::filesystem::path(VARDEL_EXAMPLES_DIR) / name;
-    for (const char* ext : {".dsc", ".dat", ".in"})
-      folder.write(name + ext, read_file(dir / (name + ext)));
+    copy_files(std::filesystem::path(VARDEL_EXAMPLES_DIR) / name, name, {".dsc", ".dat", ".in"});
   }
-  int run(const std::string& answers) {
-    Console console(answers);
-    const int status = run_program();
-    screen = console.screen();
-    return status;
-  }
-  WorkFolder folder;
-  std::string screen;
 };
 
 TEST_F(RunProgram, ExamplesGiveTheExpectedOutputFiles) {
@@ -47,7 +29,7 @@ TEST_F(RunProgram, ExamplesGiveTheExpectedOutputFiles) {
     folder.write(name + ".out", "");  // as a batch file expects: the overwrite question comes
     ASSERT_EQ(run(folder.read(name + ".in")), 0) << screen;
     const std::string expected =
-        read_file(std::filesystem::path(VARDEL_FIXTURE_DIR) / "runs" / (name + ".out"));
+        read_whole_file(std::filesystem::path(VARDEL_FIXTURE_DIR) / "runs" / (name + ".out"));
     EXPECT_EQ(folder.read(name + ".out"), expected);
   }
 }
