@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <atomic>
+#include <chrono>
 #include <condition_variable>
 #include <exception>
 #include <mutex>
@@ -28,6 +29,21 @@ constexpr Index kBlocksPerThread = 4;
 // call then runs inline.
 thread_local bool t_in_task = false;
 
+// Guards the waits: a thread that expects work (or a worker's check-in) soon
+// spins this long before it sleeps, since waking a sleeping thread of a
+// virtual machine costs far more than a node's hand-off.
+constexpr auto kSpin = std::chrono::microseconds(200);
+
+// Spins until ready() holds or kSpin has passed; returns ready().
+template <class Ready>
+bool spin_until(Ready ready) {
+  const auto until = std::chrono::steady_clock::now() + kSpin;
+  for (int round = 1;; ++round) {
+    if (ready()) return true;
+    if (round % 64 == 0 && std::chrono::steady_clock::now() > until) return ready();
+  }
+}
+
 class Pool {
  public:
   Pool() {
@@ -38,7 +54,7 @@ class Pool {
   ~Pool() {
     {
       std::lock_guard lock(mutex_);
-      closing_ = true;
+      closing_.store(true);
     }
     wake_.notify_all();
     for (std::thread& t : workers_) t.join();
@@ -56,22 +72,24 @@ class Pool {
       for (Index k = 0; k < count; ++k) task(k);
       return;
     }
+    task_ = &task;
+    count_ = count;
+    next_.store(0);
+    failed_at_ = count;
+    error_ = nullptr;
+    pending_.store(static_cast<int>(workers_.size()));
     {
       std::lock_guard lock(mutex_);
-      task_ = &task;
-      count_ = count;
-      next_.store(0);
-      failed_at_ = count;
-      error_ = nullptr;
-      pending_ = static_cast<int>(workers_.size());
-      ++generation_;
+      generation_.fetch_add(1);
     }
     wake_.notify_all();
     t_in_task = true;
     take_tasks();
     t_in_task = false;
-    std::unique_lock lock(mutex_);
-    done_.wait(lock, [this] { return pending_ == 0; });
+    // Every worker checks in before the job's fields may change again.
+    if (!spin_until([this] { return pending_.load() == 0; })) {
+      while (pending_.load() != 0) std::this_thread::yield();
+    }
     task_ = nullptr;
     if (error_) std::rethrow_exception(error_);
   }
@@ -81,15 +99,15 @@ class Pool {
     t_in_task = true;
     unsigned long seen = 0;
     for (;;) {
-      {
+      auto ready = [&] { return closing_.load() || generation_.load() != seen; };
+      if (!spin_until(ready)) {
         std::unique_lock lock(mutex_);
-        wake_.wait(lock, [&] { return closing_ || generation_ != seen; });
-        if (closing_) return;
-        seen = generation_;
+        wake_.wait(lock, ready);
       }
+      if (closing_.load()) return;
+      seen = generation_.load();
       take_tasks();
-      std::lock_guard lock(mutex_);
-      if (--pending_ == 0) done_.notify_one();
+      pending_.fetch_sub(1);
     }
   }
 
@@ -113,17 +131,18 @@ class Pool {
 
   std::vector<std::thread> workers_;
   std::mutex busy_;   // held by the thread sharing a job
-  std::mutex mutex_;  // guards the job fields below
+  std::mutex mutex_;  // for sleeping workers, and the failure fields
   std::condition_variable wake_;
-  std::condition_variable done_;
+  // The job: set by the caller before generation_ moves on, read by the
+  // workers after they see it move.
   const std::function<void(Index)>* task_ = nullptr;
   Index count_ = 0;
   std::atomic<Index> next_{0};
   Index failed_at_ = 0;
   std::exception_ptr error_;
-  int pending_ = 0;
-  unsigned long generation_ = 0;
-  bool closing_ = false;
+  std::atomic<int> pending_{0};  // workers yet to check in
+  std::atomic<unsigned long> generation_{0};
+  std::atomic<bool> closing_{false};
 };
 
 Pool& pool() {
