@@ -3,6 +3,8 @@
 
 #include <algorithm>
 
+#include "numerics/parallel_for.hpp"
+
 namespace vardel {
 
 namespace {
@@ -55,10 +57,10 @@ FoldData select_prune_cv_data(int fold, std::span<const int> mcv, const FArray<d
     else
       d.ycv(++it) = cls(i);
   }
-  for (FArray<int>::Index j = 1; j <= p; ++j) {
+  parallel_for(1, p, static_cast<std::size_t>(n), [&](FArray<int>::Index j) {
     copy_by_fold(fold, fold_of, x.column(j), d.x.column(j), d.xcv.column(j));
     copy_by_fold(fold, fold_of, mis.column(j), d.mis.column(j), d.miscv.column(j));
-  }
+  });
   return d;
 }
 

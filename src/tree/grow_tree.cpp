@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "missing/node_means.hpp"
+#include "numerics/parallel_for.hpp"
 #include "run/init.hpp"
 #include "run/stop.hpp"
 #include "split/classify.hpp"
@@ -88,13 +89,13 @@ template <class T>
 FArray<T> gather_rows(const FArray<T>& from, const std::vector<int>& rows, T fill) {
   const int n = static_cast<int>(rows.size());
   FArray<T> to(n, from.extent2(), fill);
-  for (int j = 1; j <= from.extent2(); ++j) {
+  parallel_for(1, from.extent2(), rows.size(), [&](std::ptrdiff_t j) {
     const std::span<const T> source = from.column(j);
     const std::span<T> target = to.column(j);
     for (int r = 0; r < n; ++r)
       target[static_cast<std::size_t>(r)] =
           source[static_cast<std::size_t>(rows[static_cast<std::size_t>(r)] - 1)];
-  }
+  });
   return to;
 }
 
@@ -110,18 +111,19 @@ struct NodeCases {
 };
 
 // Copies each row of a node's table into the table of its subnode py(r),
-// keeping case order; the children's tables have their sizes already.
+// keeping case order; the children's tables have their sizes already. Each
+// column is a task of its own, with its own write positions.
 template <class T>
 void split_columns(const FArray<T>& from, const FArray<int>& py, std::vector<NodeCases>& children,
                    FArray<T> NodeCases::*table) {
-  std::vector<T*> to(children.size());
-  for (int j = 1; j <= from.extent2(); ++j) {
+  parallel_for(1, from.extent2(), static_cast<std::size_t>(from.extent1()), [&](std::ptrdiff_t j) {
+    std::vector<T*> to(children.size());
     for (std::size_t k = 0; k < children.size(); ++k)
       to[k] = children[k].members.empty() ? nullptr : (children[k].*table).column(j).data();
     const std::span<const T> source = from.column(j);
     for (std::size_t r = 0; r < source.size(); ++r)
       *to[static_cast<std::size_t>(py(static_cast<FArray<int>::Index>(r + 1)) - 1)]++ = source[r];
-  }
+  });
 }
 
 // Finishes node t and everything below it.
