@@ -29,6 +29,9 @@ struct Growth {
   int nobs = 0;
   FArray<int> csize1;  // complete cases of each class (fit on complete cases only)
   int ncomplete = 0;
+  // The caller's tables when the root has borrowed them.
+  FArray<double>* lender_x = nullptr;
+  FArray<char>* lender_mis = nullptr;
 };
 
 enum class Search { classify, exhaust0, exhaust_all };
@@ -126,6 +129,38 @@ void split_columns(const FArray<T>& from, const FArray<int>& py, std::vector<Nod
   });
 }
 
+// Gives a borrowed root table back to its lender: the values the missing
+// cells held when borrowed are put back first. Done at the latest when the
+// root's work ends, also by a stop.
+class Loan {
+ public:
+  Loan(Growth& g, NodeSample& node) : g_(g), node_(node) {
+    if (g_.lender_x == nullptr) return;
+    for (std::size_t i = 0; i < node_.misind.vector().size(); ++i)
+      if (node_.misind.vector()[i] == 'y') held_.push_back(node_.xdat.vector()[i]);
+  }
+  ~Loan() { give_back(); }
+  Loan(const Loan&) = delete;
+  Loan& operator=(const Loan&) = delete;
+
+  void give_back() {
+    if (g_.lender_x == nullptr) return;
+    std::vector<double>& x = node_.xdat.vector();
+    std::size_t h = 0;
+    for (std::size_t i = 0; i < x.size(); ++i)
+      if (node_.misind.vector()[i] == 'y') x[i] = held_[h++];
+    *g_.lender_x = std::move(node_.xdat);
+    *g_.lender_mis = std::move(node_.misind);
+    g_.lender_x = nullptr;
+    g_.lender_mis = nullptr;
+  }
+
+ private:
+  Growth& g_;
+  NodeSample& node_;
+  std::vector<double> held_;  // values of the missing cells, in storage order
+};
+
 // Finishes node t and everything below it.
 void ldfuni_fit(Growth& g, int t, NodeCases cases) {
   Init& in = init();
@@ -139,6 +174,7 @@ void ldfuni_fit(Growth& g, int t, NodeCases cases) {
   node.n = n;
   node.xdat = std::move(cases.x);
   node.misind = std::move(cases.mis);
+  Loan loan(g, node);
   node.ydat.assign(n, 0);
   node.noc.assign(k_classes, 0);
   for (int r = 1; r <= n; ++r) {
@@ -234,6 +270,7 @@ void ldfuni_fit(Growth& g, int t, NodeCases cases) {
       }
       split_columns(node.xdat, split.py, children, &NodeCases::x);
       if (any_missing) split_columns(node.misind, split.py, children, &NodeCases::mis);
+      loan.give_back();
       node = NodeSample{};
       split = SplitResult{};
       members = {};
@@ -304,6 +341,23 @@ void grow_tree(FArray<double>&& x, const FArray<int>& y, FArray<char>&& misind,
     // Every case starts at the root: its tables are the sample's own.
     root.x = std::move(x);
     root.mis = std::move(misind);
+  } else {
+    root.x = gather_rows(x, root.members, 0.0);
+    root.mis = gather_rows(misind, root.members, 'n');
+  }
+  ldfuni_fit(g, 1, std::move(root));
+}
+
+void grow_tree_in_place(FArray<double>& x, const FArray<int>& y, FArray<char>& misind,
+                        const FArray<double>& prob, FArray<int>& termnode) {
+  Growth g = start_growth(y, misind, prob, termnode);
+  NodeCases root;
+  root.members = root_members(termnode);
+  if (static_cast<FArray<int>::Index>(root.members.size()) == x.extent1()) {
+    root.x = std::move(x);
+    root.mis = std::move(misind);
+    g.lender_x = &x;
+    g.lender_mis = &misind;
   } else {
     root.x = gather_rows(x, root.members, 0.0);
     root.mis = gather_rows(misind, root.members, 'n');
