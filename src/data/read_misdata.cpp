@@ -65,7 +65,7 @@ class LearningCases {
   int first_blank() const { return first_blank_; }
   SampleColumns& columns() { return columns_; }
 
-  // Fills clabel, cdata, noc and ydata.
+  // Fills clabel, cdata and noc (case i's label is clabel(cdata(i))).
   void store_classes() {
     Init& in = in_;
     in.nclass = static_cast<int>(labels_.size());
@@ -74,12 +74,10 @@ class LearningCases {
       in.clabel(k) = fixed_text(labels_[static_cast<std::size_t>(k - 1)], kNameLen);
     in.cdata.assign(in.nobs, 0);
     in.noc.assign(in.nclass, 0);
-    in.ydata.assign(in.nobs);
     for (int i = 1; i <= in.nobs; ++i) {
       const int k = classes_[static_cast<std::size_t>(i - 1)];
       in.cdata(i) = k;
       ++in.noc(k);
-      in.ydata(i) = in.clabel(k);
     }
   }
 

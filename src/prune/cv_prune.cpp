@@ -82,9 +82,11 @@ void cv_prune(const FArray<double>& x, const FArray<int>& y, const FArray<char>&
   for (int f = 1; f <= v; ++f) {
     store.finish();
     store.restart();
-    FoldData fold = select_prune_cv_data(f, mcv.span(), x, y.span(), mis);
+    // The test part is taken once the growth has let go of the learning part.
+    FoldData fold = select_fold_learning(f, mcv.span(), x, y.span(), mis);
     const FArray<double> prob = fold_priors(in.priortype, fold.y.span(), in.nclass, in.prob);
     grow_tree(std::move(fold.x), fold.y, std::move(fold.mis), prob, fold.termnode);
+    select_fold_test(f, mcv.span(), x, y.span(), mis, fold);
     ClassTables q(in.nclass, pa.nsubtrees);
     cv_test(fold.xcv, fold.ycv.span(), fold.miscv, q);
     table.add(q);

@@ -37,6 +37,12 @@ int fold_learning_count(int fold, std::span<const int> mcv);
 
 FoldData select_prune_cv_data(int fold, std::span<const int> mcv, const FArray<double>& x,
                               std::span<const int> y, const FArray<char>& mis);
+// The two parts alone: the learning part (with its node numbers) in a new
+// FoldData, the test part into d, so that a fold need not hold both at once.
+FoldData select_fold_learning(int fold, std::span<const int> mcv, const FArray<double>& x,
+                              std::span<const int> y, const FArray<char>& mis);
+void select_fold_test(int fold, std::span<const int> mcv, const FArray<double>& x,
+                      std::span<const int> y, const FArray<char>& mis, FoldData& d);
 
 // y: classes 1..nclass of the learning part; run_prob: the run's priors.
 FArray<double> fold_priors(int priortype, std::span<const int> y, int nclass,

@@ -120,7 +120,6 @@ struct Init {
   // Learning sample.
   FArray<double> xdata;        // nobs by nvar; category codes for categorical columns; 0 if missing
   FArray<char> misind;         // nobs by nvar; 'y' missing, 'n' present
-  FArray<std::string> ydata;   // nobs class labels as read
   FArray<int> cdata;           // nobs classes 1..nclass
   FArray<int> noc;             // nclass counts
   FArray<std::string> clabel;  // nclass labels in order of first appearance

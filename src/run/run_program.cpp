@@ -58,7 +58,7 @@ void end_timing(const Init& in) {
 void grow_and_report(Init& in) {
   write_fmt(std::cout, "(a)", {"  Building Initial Trees..."}, Advance::no);
   std::cout.flush();
-  grow_tree(in.xdata, in.cdata, in.misind, in.prob, in.termnode);
+  grow_tree_in_place(in.xdata, in.cdata, in.misind, in.prob, in.termnode);
   TreeStore& store = tree_store();
   store.dump_tree(1);
   if (in.treesize == 1) {

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "numerics/farray.hpp"
+#include "numerics/parallel_for.hpp"
 #include "split/guards.hpp"
 
 namespace vardel {
@@ -40,12 +41,18 @@ PowerGrid power_grid(int varsel) {
   return g;
 }
 
-// z = (x^p - 1) / p, or ln x for a power within kTiny of 0. z may be x.
+// Guards the sharing of a transform: the steps of one power or logarithm.
+constexpr std::size_t kPowerSteps = 40;
+
+// z = (x^p - 1) / p, or ln x for a power within kTiny of 0. z may be x. Each
+// value is independent of the others, so blocks of them are shared out.
 void transform(std::span<const double> x, double p, std::span<double> z) {
   const bool log_power = !(p > kTiny || p < -kTiny);
-  for (std::size_t i = 0; i < x.size(); ++i) {
-    z[i] = log_power ? std::log(x[i]) : (std::pow(x[i], p) - 1.0) / p;
-  }
+  parallel_blocks(0, static_cast<Index>(x.size()) - 1, kPowerSteps, [&](Index lo, Index hi) {
+    for (auto i = static_cast<std::size_t>(lo); i <= static_cast<std::size_t>(hi); ++i) {
+      z[i] = log_power ? std::log(x[i]) : (std::pow(x[i], p) - 1.0) / p;
+    }
+  });
 }
 
 // Class means of z over the classes with cases (others left at 0) and the
@@ -125,13 +132,15 @@ BoxCoxResult boxcox(std::span<double> x, std::span<const int> ydat, double& mse,
   const double shift = shift_positive(x);
   const double dn = static_cast<double>(x.size());
 
-  double sum_log = 0.0;
-  for (const double v : x) sum_log += std::log(v);
-
   // z: the values under the power being tried; last, last_mean, last_v: the
   // values, class means and spread under the power before it, kept so that
   // going back one step costs nothing.
   std::vector<double> z(x.size());
+  // The logarithms are taken apart (shared out) and summed in case order.
+  transform(x, 0.0, z);
+  double sum_log = 0.0;
+  for (const double v : z) sum_log += v;
+
   std::vector<double> last(x.size());
   FArray<double> mean(nc.size(), 0.0);
   FArray<double> last_mean(nc.size(), 0.0);

@@ -2,6 +2,8 @@
 // each predictor, over all cases or over the cases where it is present.
 #include "split/class_moments.hpp"
 
+#include "numerics/parallel_for.hpp"
+
 namespace vardel {
 namespace {
 
@@ -36,8 +38,10 @@ void column_moments(const FArray<double>& xdat, const FArray<char>* misind,
   const int nclass = static_cast<int>(mom.xmean.extent1());
   FView<const double> x(xdat.column(j));
   FView<const int> y(ydat);
-  FView<double> xmean(mom.xmean.column(j));
-  FView<int> noc(mom.noc_used.column(j));
+  // Class sums and counts build up in the task's own arrays, copied to mom at
+  // the end: columns of neighbouring tasks share cache lines in mom.
+  FArray<double> xmean(nclass, 0.0);
+  FArray<int> noc(nclass, 0);
 
   // Pass 1: class sums (kept in xmean until divided), total and counts.
   for (int k = 1; k <= nclass; ++k) {
@@ -100,6 +104,10 @@ void column_moments(const FArray<double>& xdat, const FArray<char>* misind,
     }
   }
 
+  for (int k = 1; k <= nclass; ++k) {
+    mom.xmean(k, j) = xmean(k);
+    mom.noc_used(k, j) = noc(k);
+  }
   mom.gmean(j) = g;
   mom.mst(j) = mean_square(between, m - 1);
   mom.mse(j) = mean_square(within, n - m);
@@ -114,7 +122,10 @@ void meanss(const FArray<double>& xdat, std::span<const int> ydat, std::span<con
             Moments& mom) {
   const int nvar = static_cast<int>(xdat.extent2());
   shape(mom, static_cast<int>(noc.size()), nvar);
-  for (int j = 1; j <= nvar; ++j) column_moments<false>(xdat, nullptr, ydat, noc, m, j, mom);
+  // Each column's sums run in case order within one task.
+  parallel_for(1, nvar, static_cast<std::size_t>(xdat.extent1()), [&](std::ptrdiff_t j) {
+    column_moments<false>(xdat, nullptr, ydat, noc, m, static_cast<int>(j), mom);
+  });
 }
 
 void meanss_column(const FArray<double>& xdat, std::span<const int> ydat, std::span<const int> noc,
@@ -127,7 +138,9 @@ void meanss1(const FArray<double>& xdat, const FArray<char>& misind, std::span<c
              int nclass, Moments& mom) {
   const int nvar = static_cast<int>(xdat.extent2());
   shape(mom, nclass, nvar);
-  for (int j = 1; j <= nvar; ++j) column_moments<true>(xdat, &misind, ydat, {}, 0, j, mom);
+  parallel_for(1, nvar, static_cast<std::size_t>(xdat.extent1()), [&](std::ptrdiff_t j) {
+    column_moments<true>(xdat, &misind, ydat, {}, 0, static_cast<int>(j), mom);
+  });
 }
 
 void meanss1_column(const FArray<double>& xdat, const FArray<char>& misind,

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "missing/node_means.hpp"
+#include "numerics/parallel_for.hpp"
 #include "run/init.hpp"
 #include "run/stop.hpp"
 #include "split/classify.hpp"
@@ -28,6 +29,9 @@ struct Growth {
   int nobs = 0;
   FArray<int> csize1;  // complete cases of each class (fit on complete cases only)
   int ncomplete = 0;
+  // The caller's tables when the root has borrowed them.
+  FArray<double>* lender_x = nullptr;
+  FArray<char>* lender_mis = nullptr;
 };
 
 enum class Search { classify, exhaust0, exhaust_all };
@@ -88,13 +92,13 @@ template <class T>
 FArray<T> gather_rows(const FArray<T>& from, const std::vector<int>& rows, T fill) {
   const int n = static_cast<int>(rows.size());
   FArray<T> to(n, from.extent2(), fill);
-  for (int j = 1; j <= from.extent2(); ++j) {
+  parallel_for(1, from.extent2(), rows.size(), [&](std::ptrdiff_t j) {
     const std::span<const T> source = from.column(j);
     const std::span<T> target = to.column(j);
     for (int r = 0; r < n; ++r)
       target[static_cast<std::size_t>(r)] =
           source[static_cast<std::size_t>(rows[static_cast<std::size_t>(r)] - 1)];
-  }
+  });
   return to;
 }
 
@@ -110,19 +114,52 @@ struct NodeCases {
 };
 
 // Copies each row of a node's table into the table of its subnode py(r),
-// keeping case order; the children's tables have their sizes already.
+// keeping case order; the children's tables have their sizes already. Each
+// column is a task of its own, with its own write positions.
 template <class T>
 void split_columns(const FArray<T>& from, const FArray<int>& py, std::vector<NodeCases>& children,
                    FArray<T> NodeCases::*table) {
-  std::vector<T*> to(children.size());
-  for (int j = 1; j <= from.extent2(); ++j) {
+  parallel_for(1, from.extent2(), static_cast<std::size_t>(from.extent1()), [&](std::ptrdiff_t j) {
+    std::vector<T*> to(children.size());
     for (std::size_t k = 0; k < children.size(); ++k)
       to[k] = children[k].members.empty() ? nullptr : (children[k].*table).column(j).data();
     const std::span<const T> source = from.column(j);
     for (std::size_t r = 0; r < source.size(); ++r)
       *to[static_cast<std::size_t>(py(static_cast<FArray<int>::Index>(r + 1)) - 1)]++ = source[r];
-  }
+  });
 }
+
+// Gives a borrowed root table back to its lender: the values the missing
+// cells held when borrowed are put back first. Done at the latest when the
+// root's work ends, also by a stop.
+class Loan {
+ public:
+  Loan(Growth& g, NodeSample& node) : g_(g), node_(node) {
+    if (g_.lender_x == nullptr) return;
+    for (std::size_t i = 0; i < node_.misind.vector().size(); ++i)
+      if (node_.misind.vector()[i] == 'y') held_.push_back(node_.xdat.vector()[i]);
+  }
+  ~Loan() { give_back(); }
+  Loan(const Loan&) = delete;
+  Loan& operator=(const Loan&) = delete;
+
+  void give_back() {
+    if (g_.lender_x == nullptr) return;
+    std::vector<double>& x = node_.xdat.vector();
+    std::size_t h = 0;
+    for (std::size_t i = 0; i < x.size(); ++i)
+      if (node_.misind.vector()[i] == 'y') x[i] = held_[h++];
+    *g_.lender_x = std::move(node_.xdat);
+    *g_.lender_mis = std::move(node_.misind);
+    g_.lender_x = nullptr;
+    g_.lender_mis = nullptr;
+  }
+
+ private:
+  Growth& g_;
+  NodeSample& node_;
+  std::vector<double> held_;  // values of the missing cells, in storage order
+};
 
 // Finishes node t and everything below it.
 void ldfuni_fit(Growth& g, int t, NodeCases cases) {
@@ -137,6 +174,7 @@ void ldfuni_fit(Growth& g, int t, NodeCases cases) {
   node.n = n;
   node.xdat = std::move(cases.x);
   node.misind = std::move(cases.mis);
+  Loan loan(g, node);
   node.ydat.assign(n, 0);
   node.noc.assign(k_classes, 0);
   for (int r = 1; r <= n; ++r) {
@@ -232,6 +270,7 @@ void ldfuni_fit(Growth& g, int t, NodeCases cases) {
       }
       split_columns(node.xdat, split.py, children, &NodeCases::x);
       if (any_missing) split_columns(node.misind, split.py, children, &NodeCases::mis);
+      loan.give_back();
       node = NodeSample{};
       split = SplitResult{};
       members = {};
@@ -302,6 +341,23 @@ void grow_tree(FArray<double>&& x, const FArray<int>& y, FArray<char>&& misind,
     // Every case starts at the root: its tables are the sample's own.
     root.x = std::move(x);
     root.mis = std::move(misind);
+  } else {
+    root.x = gather_rows(x, root.members, 0.0);
+    root.mis = gather_rows(misind, root.members, 'n');
+  }
+  ldfuni_fit(g, 1, std::move(root));
+}
+
+void grow_tree_in_place(FArray<double>& x, const FArray<int>& y, FArray<char>& misind,
+                        const FArray<double>& prob, FArray<int>& termnode) {
+  Growth g = start_growth(y, misind, prob, termnode);
+  NodeCases root;
+  root.members = root_members(termnode);
+  if (static_cast<FArray<int>::Index>(root.members.size()) == x.extent1()) {
+    root.x = std::move(x);
+    root.mis = std::move(misind);
+    g.lender_x = &x;
+    g.lender_mis = &misind;
   } else {
     root.x = gather_rows(x, root.members, 0.0);
     root.mis = gather_rows(misind, root.members, 'n');

@@ -19,5 +19,11 @@ void grow_tree(const FArray<double>& x, const FArray<int>& y, const FArray<char>
 // at the root, the root takes x and misind over instead of a copy.
 void grow_tree(FArray<double>&& x, const FArray<int>& y, FArray<char>&& misind,
                const FArray<double>& prob, FArray<int>& termnode);
+// As the first, without a copy of the sample at the root: when every case
+// starts there, the root borrows x and misind and gives them back once its
+// children have their tables. On return (also when the run stops) they are
+// as they were, the root's filled missing cells put back.
+void grow_tree_in_place(FArray<double>& x, const FArray<int>& y, FArray<char>& misind,
+                        const FArray<double>& prob, FArray<int>& termnode);
 
 }  // namespace vardel

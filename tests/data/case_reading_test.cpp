@@ -65,7 +65,7 @@ TEST(CaseReading, PlainFilesReadAsTheFullReaderReadsThem) {
     for (int i = 1; i <= a.state.xdata.size(); ++i)
       EXPECT_TRUE(same_bits(a.state.xdata(i), b.state.xdata(i))) << i;
     EXPECT_EQ(a.state.misind, b.state.misind);
-    EXPECT_EQ(a.state.ydata, b.state.ydata);
+    EXPECT_EQ(a.state.clabel, b.state.clabel);
     EXPECT_EQ(a.state.cdata, b.state.cdata);
     EXPECT_EQ(a.state.catlabel, b.state.catlabel);
   }

@@ -130,7 +130,7 @@ TEST_F(ReadMisdata, WithoutExcludedVariablesTheClassColumnNumberIsAPosition) {
   SetUp();
   ASSERT_EQ(run(kHead + "2 a n\n4 y d\n6 b n\n8 z x\n", "1 A 10 q\n2 B 20 q\n"), -1) << screen;
   EXPECT_EQ(init().xdata(2, 2), 20.0);
-  EXPECT_EQ(trim(init().ydata(2)), "B");
+  EXPECT_EQ(trim(init().clabel(init().cdata(2))), "B");
 }
 
 TEST_F(ReadMisdata, MissingValuesLabelsAndCategories) {

@@ -174,34 +174,51 @@ TEST_F(GrowTree, SubnodeWithoutCasesIsStoredAsAnEmptyTerminalNode) {
   EXPECT_EQ(empty, 1);
 }
 
-// The form that takes the sample over grows the same tree as the copying
-// form, whether every case starts at the root or only some do.
-TEST_F(GrowTree, TakingTheSampleOverGrowsTheSameTree) {
+// The forms that take the sample over or borrow it grow the same tree as the
+// copying form, whether every case starts at the root or only some do, with
+// or without missing cells; a borrowed sample comes back bit for bit.
+TEST_F(GrowTree, TakingOrBorrowingTheSampleGrowsTheSameTree) {
   const std::vector<double> a{3, 1, 2, 2, 3, 1, 1, 3, 2, 5, 4, 6};
   const std::vector<double> b{10, 12, 11, 20, 19, 22, 30, 31, 29, 12, 21, 33};
   const std::vector<int> classes{1, 1, 1, 2, 2, 2, 3, 3, 3, 1, 2, 3};
   for (const bool all_at_root : {true, false}) {
-    SCOPED_TRACE(all_at_root);
-    std::vector<std::vector<double>> records[2];
-    std::vector<int> terminal[2];
-    for (int form = 0; form < 2; ++form) {
-      setup(3, {a, b}, classes);
-      Init& in = init();
-      if (!all_at_root) in.termnode(5) = 3;
-      if (form == 0) {
-        grow();
-      } else {
-        FArray<double> x = in.xdata;
-        FArray<char> mis = in.misind;
-        grow_tree(std::move(x), in.cdata, std::move(mis), in.prob, in.termnode);
+    for (const bool missing : {false, true}) {
+      SCOPED_TRACE(::testing::Message() << all_at_root << missing);
+      std::vector<std::vector<double>> records[3];
+      std::vector<int> terminal[3];
+      for (int form = 0; form < 3; ++form) {
+        setup(3, {a, b}, classes);
+        Init& in = init();
+        if (missing) {
+          in.misslearn = 'y';
+          in.impbuild = 2;  // the root fills its missing cells with class centres
+          in.misind(4, 1) = 'y';
+          in.misind(8, 2) = 'y';
+        }
+        if (!all_at_root) in.termnode(5) = 3;
+        const FArray<double> x0 = in.xdata;
+        const FArray<char> mis0 = in.misind;
+        if (form == 0) {
+          grow();
+        } else if (form == 1) {
+          FArray<double> x = in.xdata;
+          FArray<char> mis = in.misind;
+          grow_tree(std::move(x), in.cdata, std::move(mis), in.prob, in.termnode);
+        } else {
+          grow_tree_in_place(in.xdata, in.cdata, in.misind, in.prob, in.termnode);
+          EXPECT_EQ(in.xdata, x0);
+          EXPECT_EQ(in.misind, mis0);
+        }
+        for (int id = 1; id <= in.maxnodeid; ++id)
+          if (tree_store().contains(id)) records[form].push_back(record(id));
+        terminal[form].assign(in.termnode.begin(), in.termnode.end());
       }
-      for (int id = 1; id <= in.maxnodeid; ++id)
-        if (tree_store().contains(id)) records[form].push_back(record(id));
-      terminal[form].assign(in.termnode.begin(), in.termnode.end());
+      EXPECT_GT(records[0].size(), 1u);
+      for (int form = 1; form < 3; ++form) {
+        EXPECT_EQ(records[form], records[0]) << form;
+        EXPECT_EQ(terminal[form], terminal[0]) << form;
+      }
     }
-    EXPECT_GT(records[0].size(), 1u);
-    EXPECT_EQ(records[1], records[0]);
-    EXPECT_EQ(terminal[1], terminal[0]);
   }
 }
 

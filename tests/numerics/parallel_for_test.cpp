@@ -1,0 +1,97 @@
+#include "numerics/parallel_for.hpp"
+
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <cmath>
+#include <stdexcept>
+#include <vector>
+
+namespace vardel {
+namespace {
+
+// Ranges and costs on both sides of the inline threshold.
+struct Range {
+  std::ptrdiff_t first, last;
+  std::size_t cost;
+};
+const Range kRanges[] = {{1, 0, 1000000}, {5, 4, 1},      {1, 1, 1000000}, {1, 25, 1},
+                         {1, 25, 100000}, {-3, 7, 50000}, {1, 200000, 1},  {0, 999, 1000}};
+
+TEST(ParallelFor, VisitsEveryIndexOnce) {
+  for (const Range& r : kRanges) {
+    const std::ptrdiff_t n = r.last - r.first + 1 > 0 ? r.last - r.first + 1 : 0;
+    std::vector<std::atomic<int>> for_hits(static_cast<std::size_t>(n));
+    std::vector<std::atomic<int>> block_hits(static_cast<std::size_t>(n));
+    parallel_for(r.first, r.last, r.cost,
+                 [&](std::ptrdiff_t i) { ++for_hits[static_cast<std::size_t>(i - r.first)]; });
+    parallel_blocks(r.first, r.last, r.cost, [&](std::ptrdiff_t lo, std::ptrdiff_t hi) {
+      ASSERT_LE(lo, hi);
+      for (std::ptrdiff_t i = lo; i <= hi; ++i) ++block_hits[static_cast<std::size_t>(i - r.first)];
+    });
+    for (std::ptrdiff_t k = 0; k < n; ++k) {
+      EXPECT_EQ(for_hits[static_cast<std::size_t>(k)], 1) << r.first << ".." << r.last << " @" << k;
+      EXPECT_EQ(block_hits[static_cast<std::size_t>(k)], 1)
+          << r.first << ".." << r.last << " @" << k;
+    }
+  }
+}
+
+TEST(ParallelFor, ColumnSumsMatchTheSerialLoopBitForBit) {
+  const int rows = 20000;
+  const int cols = 24;
+  std::vector<double> x(static_cast<std::size_t>(rows * cols));
+  for (std::size_t i = 0; i < x.size(); ++i) x[i] = std::sin(static_cast<double>(i)) * 1e3 + 1e-7;
+  auto column_sum = [&](int j) {
+    double s = 0.0;
+    for (int i = 0; i < rows; ++i) s += x[static_cast<std::size_t>(j * rows + i)];
+    return s;
+  };
+  std::vector<double> serial(cols);
+  for (int j = 0; j < cols; ++j) serial[static_cast<std::size_t>(j)] = column_sum(j);
+  std::vector<double> shared(cols);
+  parallel_for(0, cols - 1, rows, [&](std::ptrdiff_t j) {
+    shared[static_cast<std::size_t>(j)] = column_sum(static_cast<int>(j));
+  });
+  EXPECT_EQ(shared, serial);
+
+  std::vector<double> powered(x.size());
+  parallel_blocks(1, static_cast<std::ptrdiff_t>(x.size()), 40,
+                  [&](std::ptrdiff_t lo, std::ptrdiff_t hi) {
+                    for (std::ptrdiff_t i = lo; i <= hi; ++i)
+                      powered[static_cast<std::size_t>(i - 1)] =
+                          std::pow(std::fabs(x[static_cast<std::size_t>(i - 1)]), 0.4);
+                  });
+  for (std::size_t i = 0; i < x.size(); ++i) ASSERT_EQ(powered[i], std::pow(std::fabs(x[i]), 0.4));
+}
+
+TEST(ParallelFor, NestedCallsRunToCompletion) {
+  const int outer = 8;
+  const int inner = 5000;
+  std::vector<std::atomic<int>> hits(static_cast<std::size_t>(outer * inner));
+  parallel_for(0, outer - 1, 1000000, [&](std::ptrdiff_t a) {
+    parallel_for(0, inner - 1, 1000000,
+                 [&](std::ptrdiff_t b) { ++hits[static_cast<std::size_t>(a * inner + b)]; });
+  });
+  for (const auto& h : hits) ASSERT_EQ(h, 1);
+}
+
+TEST(ParallelFor, RethrowsTheFirstFailureInIndexOrder) {
+  for (const std::size_t cost : {std::size_t{1}, std::size_t{1000000}}) {
+    try {
+      parallel_for(1, 40, cost, [](std::ptrdiff_t i) {
+        if (i == 7 || i == 30) throw std::runtime_error(std::to_string(i));
+      });
+      ADD_FAILURE() << "no exception";
+    } catch (const std::runtime_error& e) {
+      EXPECT_STREQ(e.what(), "7");
+    }
+    // The pool is usable again afterwards.
+    std::atomic<int> count{0};
+    parallel_for(1, 40, cost, [&](std::ptrdiff_t) { ++count; });
+    EXPECT_EQ(count, 40);
+  }
+}
+
+}  // namespace
+}  // namespace vardel
