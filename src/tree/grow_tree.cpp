@@ -320,6 +320,21 @@ std::vector<int> root_members(const FArray<int>& termnode) {
   return members;
 }
 
+// Gives the root the sample's own tables when every case starts there (true),
+// or a copy of the rows that do (false).
+bool take_root_tables(NodeCases& root, FArray<double>& x, FArray<char>& misind,
+                      const FArray<int>& termnode) {
+  root.members = root_members(termnode);
+  if (static_cast<FArray<int>::Index>(root.members.size()) == x.extent1()) {
+    root.x = std::move(x);
+    root.mis = std::move(misind);
+    return true;
+  }
+  root.x = gather_rows(x, root.members, 0.0);
+  root.mis = gather_rows(misind, root.members, 'n');
+  return false;
+}
+
 }  // namespace
 
 void grow_tree(const FArray<double>& x, const FArray<int>& y, const FArray<char>& misind,
@@ -336,15 +351,7 @@ void grow_tree(FArray<double>&& x, const FArray<int>& y, FArray<char>&& misind,
                const FArray<double>& prob, FArray<int>& termnode) {
   Growth g = start_growth(y, misind, prob, termnode);
   NodeCases root;
-  root.members = root_members(termnode);
-  if (static_cast<FArray<int>::Index>(root.members.size()) == x.extent1()) {
-    // Every case starts at the root: its tables are the sample's own.
-    root.x = std::move(x);
-    root.mis = std::move(misind);
-  } else {
-    root.x = gather_rows(x, root.members, 0.0);
-    root.mis = gather_rows(misind, root.members, 'n');
-  }
+  take_root_tables(root, x, misind, termnode);
   ldfuni_fit(g, 1, std::move(root));
 }
 
@@ -352,15 +359,11 @@ void grow_tree_in_place(FArray<double>& x, const FArray<int>& y, FArray<char>& m
                         const FArray<double>& prob, FArray<int>& termnode) {
   Growth g = start_growth(y, misind, prob, termnode);
   NodeCases root;
-  root.members = root_members(termnode);
-  if (static_cast<FArray<int>::Index>(root.members.size()) == x.extent1()) {
-    root.x = std::move(x);
-    root.mis = std::move(misind);
+  if (take_root_tables(root, x, misind, termnode)) {
+    // Lent, not given: the tables go back to the sample once the root's
+    // children have their own.
     g.lender_x = &x;
     g.lender_mis = &misind;
-  } else {
-    root.x = gather_rows(x, root.members, 0.0);
-    root.mis = gather_rows(misind, root.members, 'n');
   }
   ldfuni_fit(g, 1, std::move(root));
 }
