@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "support/harness.hpp"
+#include "support/split_tree.hpp"
 
 namespace vardel {
 namespace {
@@ -16,20 +17,11 @@ class PourTestPrint : public ::testing::Test {
  protected:
   void SetUp() override {
     testing_support::fresh_run_state();
+    testing_support::two_class_run("A", "BB");
     Init& in = init();
-    in.nclass = 2;
-    in.nvar = 1;
-    in.vtype.assign(1, 'n');
-    in.varsel = 2;
-    in.splittype = 1;
     in.impprune = 2;
-    in.clabel.assign(2, std::string(kNameLen, ' '));
-    in.clabel(1) = fixed_text("A", kNameLen);
-    in.clabel(2) = fixed_text("BB", kNameLen);
     in.predictfile = fixed_text("pred.txt", kFileNameLen);
-    compute_record_positions(in);
     TreeStore& store = tree_store();
-    store.start();
     // n, class, cost, counts; class means, grand mean, var, test "F", fk, gmean, cut point.
     store.add_node(1, 0, std::vector<double>{4, 1, 0.5, 2, 2, 2.0, 8.0, 5.0, 1, 70, 0, 5.0, 5.0});
     store.add_node(2, 1, std::vector<double>{2, 1, 0, 2, 0});
