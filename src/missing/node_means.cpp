@@ -20,8 +20,8 @@ FArray<int> categorical_ordinals(const Init& in) {
 // centre(k) over the cases of class k (k = 1..classes; cdat may be empty when
 // classes is 0). Each class's sum runs over its own cases in case order, as
 // a pass over that class's block alone would.
-void column_centres(const FArray<double>& xdat, std::span<const int> cdat,
-                    const FArray<char>& misind, int n, int j, int numcat, int classes,
+void column_centres(FMatrixView<const double> xdat, std::span<const int> cdat,
+                    FMatrixView<const char> misind, int n, int j, int numcat, int classes,
                     std::vector<double>& centre, std::vector<double>& sums,
                     std::vector<int>& counts) {
   const std::size_t groups = static_cast<std::size_t>(classes) + 1;
@@ -68,7 +68,7 @@ void column_centres(const FArray<double>& xdat, std::span<const int> cdat,
 
 }  // namespace
 
-void getgrand(const FArray<double>& xdat, const FArray<char>& misind, int n,
+void getgrand(FMatrixView<const double> xdat, FMatrixView<const char> misind, int n,
               FArray<double>& grand) {
   const Init& in = init();
   const FArray<int> ordinal = categorical_ordinals(in);
@@ -82,9 +82,9 @@ void getgrand(const FArray<double>& xdat, const FArray<char>& misind, int n,
   }
 }
 
-void getmeanmode(const FArray<double>& xdat, std::span<const int> cdat, const FArray<char>& misind,
-                 std::span<const int> noc, int n, FArray<double>& grand, FArray<double>& meanmode,
-                 int only) {
+void getmeanmode(FMatrixView<const double> xdat, std::span<const int> cdat,
+                 FMatrixView<const char> misind, std::span<const int> noc, int n,
+                 FArray<double>& grand, FArray<double>& meanmode, int only) {
   const Init& in = init();
   const int classes = static_cast<int>(noc.size());
   const FArray<int> ordinal = categorical_ordinals(in);
@@ -102,15 +102,15 @@ void getmeanmode(const FArray<double>& xdat, std::span<const int> cdat, const FA
   }
 }
 
-void meanmode_sub(FArray<double>& xdat, std::span<const int> cdat, const FArray<char>& misind,
-                  std::span<const int> noc, int n, FArray<double>& grand,
-                  FArray<double>& meanmode) {
+void meanmode_sub(FMatrixView<double> xdat, std::span<const int> cdat,
+                  FMatrixView<const char> misind, std::span<const int> noc, int n,
+                  FArray<double>& grand, FArray<double>& meanmode) {
   getmeanmode(xdat, cdat, misind, noc, n, grand, meanmode);
   fill_missing_cells(xdat, cdat, misind, n, meanmode);
 }
 
-void fill_missing_cells(FArray<double>& xdat, std::span<const int> cdat, const FArray<char>& misind,
-                        int n, const FArray<double>& meanmode) {
+void fill_missing_cells(FMatrixView<double> xdat, std::span<const int> cdat,
+                        FMatrixView<const char> misind, int n, const FArray<double>& meanmode) {
   for (int j = 1; j <= init().nvar; ++j)
     for (int i = 1; i <= n; ++i)
       if (misind(i, j) != 'n') xdat(i, j) = meanmode(cdat[i - 1], j);

@@ -20,16 +20,18 @@
 
 namespace vardel {
 
-void getgrand(const FArray<double>& xdat, const FArray<char>& misind, int n, FArray<double>& grand);
+void getgrand(FMatrixView<const double> xdat, FMatrixView<const char> misind, int n,
+              FArray<double>& grand);
 
-void getmeanmode(const FArray<double>& xdat, std::span<const int> cdat, const FArray<char>& misind,
-                 std::span<const int> noc, int n, FArray<double>& grand, FArray<double>& meanmode,
-                 int only = 0);
+void getmeanmode(FMatrixView<const double> xdat, std::span<const int> cdat,
+                 FMatrixView<const char> misind, std::span<const int> noc, int n,
+                 FArray<double>& grand, FArray<double>& meanmode, int only = 0);
 
-void meanmode_sub(FArray<double>& xdat, std::span<const int> cdat, const FArray<char>& misind,
-                  std::span<const int> noc, int n, FArray<double>& grand, FArray<double>& meanmode);
+void meanmode_sub(FMatrixView<double> xdat, std::span<const int> cdat,
+                  FMatrixView<const char> misind, std::span<const int> noc, int n,
+                  FArray<double>& grand, FArray<double>& meanmode);
 
-void fill_missing_cells(FArray<double>& xdat, std::span<const int> cdat, const FArray<char>& misind,
-                        int n, const FArray<double>& meanmode);
+void fill_missing_cells(FMatrixView<double> xdat, std::span<const int> cdat,
+                        FMatrixView<const char> misind, int n, const FArray<double>& meanmode);
 
 }  // namespace vardel

@@ -17,6 +17,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <span>
+#include <type_traits>
 #include <vector>
 
 namespace vardel {
@@ -146,6 +147,60 @@ class FView {
 
  private:
   std::span<T> s_;
+};
+
+// A 1-based n1 by n2 block of a column-major matrix that someone else owns:
+// rows r0 + 1 .. r0 + n1 of an FArray, say, whose columns lie `stride`
+// elements apart. a(i, j) and column(j) read as on an FArray of the block's
+// shape. An FArray converts to a view of the whole of it.
+template <class T>
+class FMatrixView {
+ public:
+  using Index = std::ptrdiff_t;
+  using Plain = std::remove_const_t<T>;
+
+  FMatrixView() = default;
+  FMatrixView(T* first, Index n1, Index n2, Index stride)
+      : p_(first), n1_(n1), n2_(n2), stride_(stride) {}
+  FMatrixView(FArray<Plain>& a)  // NOLINT: implicit by design
+      : p_(a.data()), n1_(a.extent1()), n2_(a.extent2()), stride_(a.extent1()) {}
+  template <class U = T, class = std::enable_if_t<std::is_const_v<U>>>
+  FMatrixView(const FArray<Plain>& a)  // NOLINT: implicit by design
+      : p_(a.data()), n1_(a.extent1()), n2_(a.extent2()), stride_(a.extent1()) {}
+  template <class U = T, class = std::enable_if_t<std::is_const_v<U>>>
+  FMatrixView(FMatrixView<Plain> v)  // NOLINT: implicit by design
+      : p_(v.data()), n1_(v.extent1()), n2_(v.extent2()), stride_(v.stride()) {}
+
+  T& operator()(Index i, Index j) const {
+    check(i, n1_);
+    check(j, n2_);
+    return p_[(i - 1) + (j - 1) * stride_];
+  }
+  Index extent1() const { return n1_; }
+  Index extent2() const { return n2_; }
+  Index stride() const { return stride_; }
+  T* data() const { return p_; }
+  std::span<T> column(Index j) const {
+    check(j, n2_);
+    return std::span<T>(p_ + (j - 1) * stride_, static_cast<std::size_t>(n1_));
+  }
+  // Rows r0 + 1 .. r0 + n of this block.
+  FMatrixView rows(Index r0, Index n) const { return FMatrixView(p_ + r0, n, n2_, stride_); }
+
+ private:
+  static void check([[maybe_unused]] Index i, [[maybe_unused]] Index n) {
+#ifdef VARDEL_BOUNDS_CHECK
+    if (i < 1 || i > n) {
+      std::fprintf(stderr, "FMatrixView: index %td outside 1..%td\n", i, n);
+      std::abort();
+    }
+#endif
+  }
+
+  T* p_ = nullptr;
+  Index n1_ = 0;
+  Index n2_ = 0;
+  Index stride_ = 0;
 };
 
 }  // namespace vardel

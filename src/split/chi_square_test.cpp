@@ -36,7 +36,7 @@ struct ChiSquare {
 // otherwise every case counts, noc_all holds the class counts and m_all the
 // classes present.
 template <bool kMasked>
-ChiSquare test_column(const FArray<double>& xdat, const FArray<char>* misind,
+ChiSquare test_column(FMatrixView<const double> xdat, const FMatrixView<const char>* misind,
                       std::span<const int> ydat, std::span<const int> noc_all, int m_all, int j,
                       int ncodes, Table& tab) {
   const int n_all = static_cast<int>(xdat.extent1());
@@ -98,9 +98,9 @@ ChiSquare test_column(const FArray<double>& xdat, const FArray<char>* misind,
 }
 
 template <bool kMasked>
-Pick best_of(const FArray<double>& xdat, const FArray<char>* misind, std::span<const int> ydat,
-             std::span<const int> noc_all, int m_all, int nclass, std::span<const int> catpos,
-             std::span<const int> numcat) {
+Pick best_of(FMatrixView<const double> xdat, const FMatrixView<const char>* misind,
+             std::span<const int> ydat, std::span<const int> noc_all, int m_all, int nclass,
+             std::span<const int> catpos, std::span<const int> numcat) {
   FView<const int> pos(catpos);
   FView<const int> ncodes(numcat);
   if (pos.size() == 0) return {};
@@ -117,18 +117,20 @@ Pick best_of(const FArray<double>& xdat, const FArray<char>* misind, std::span<c
 
 }  // namespace
 
-Pick chi_sq(const FArray<double>& xdat, std::span<const int> ydat, std::span<const int> noc, int m,
-            std::span<const int> catpos, std::span<const int> numcat) {
+Pick chi_sq(FMatrixView<const double> xdat, std::span<const int> ydat, std::span<const int> noc,
+            int m, std::span<const int> catpos, std::span<const int> numcat) {
   return best_of<false>(xdat, nullptr, ydat, noc, m, static_cast<int>(noc.size()), catpos, numcat);
 }
 
-Pick chi_sq1(const FArray<double>& xdat, const FArray<char>& misind, std::span<const int> ydat,
-             int nclass, std::span<const int> catpos, std::span<const int> numcat) {
+Pick chi_sq1(FMatrixView<const double> xdat, FMatrixView<const char> misind,
+             std::span<const int> ydat, int nclass, std::span<const int> catpos,
+             std::span<const int> numcat) {
   return best_of<true>(xdat, &misind, ydat, {}, 0, nclass, catpos, numcat);
 }
 
-TwoBest chi_sq5(const FArray<double>& xdat, const FArray<char>& misind, std::span<const int> ydat,
-                int nclass, std::span<const int> catpos, std::span<const int> numcat) {
+TwoBest chi_sq5(FMatrixView<const double> xdat, FMatrixView<const char> misind,
+                std::span<const int> ydat, int nclass, std::span<const int> catpos,
+                std::span<const int> numcat) {
   FView<const int> pos(catpos);
   FView<const int> ncodes(numcat);
   const auto nvar = static_cast<std::size_t>(xdat.extent2());

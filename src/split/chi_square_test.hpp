@@ -39,11 +39,13 @@
 
 namespace vardel {
 
-Pick chi_sq(const FArray<double>& xdat, std::span<const int> ydat, std::span<const int> noc, int m,
-            std::span<const int> catpos, std::span<const int> numcat);
-Pick chi_sq1(const FArray<double>& xdat, const FArray<char>& misind, std::span<const int> ydat,
-             int nclass, std::span<const int> catpos, std::span<const int> numcat);
-TwoBest chi_sq5(const FArray<double>& xdat, const FArray<char>& misind, std::span<const int> ydat,
-                int nclass, std::span<const int> catpos, std::span<const int> numcat);
+Pick chi_sq(FMatrixView<const double> xdat, std::span<const int> ydat, std::span<const int> noc,
+            int m, std::span<const int> catpos, std::span<const int> numcat);
+Pick chi_sq1(FMatrixView<const double> xdat, FMatrixView<const char> misind,
+             std::span<const int> ydat, int nclass, std::span<const int> catpos,
+             std::span<const int> numcat);
+TwoBest chi_sq5(FMatrixView<const double> xdat, FMatrixView<const char> misind,
+                std::span<const int> ydat, int nclass, std::span<const int> catpos,
+                std::span<const int> numcat);
 
 }  // namespace vardel

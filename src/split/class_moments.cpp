@@ -31,7 +31,7 @@ double mean_square(double sum, int df) {
 // and the class counts are those of these cases; otherwise noc_all and m_all
 // are the counts of all cases.
 template <bool kMasked>
-void column_moments(const FArray<double>& xdat, const FArray<char>* misind,
+void column_moments(FMatrixView<const double> xdat, const FMatrixView<const char>* misind,
                     std::span<const int> ydat, std::span<const int> noc_all, int m_all, int j,
                     Moments& mom) {
   const int n_all = static_cast<int>(xdat.extent1());
@@ -118,8 +118,8 @@ void column_moments(const FArray<double>& xdat, const FArray<char>* misind,
 
 }  // namespace
 
-void meanss(const FArray<double>& xdat, std::span<const int> ydat, std::span<const int> noc, int m,
-            Moments& mom) {
+void meanss(FMatrixView<const double> xdat, std::span<const int> ydat, std::span<const int> noc,
+            int m, Moments& mom) {
   const int nvar = static_cast<int>(xdat.extent2());
   shape(mom, static_cast<int>(noc.size()), nvar);
   // Each column's sums run in case order within one task.
@@ -128,14 +128,14 @@ void meanss(const FArray<double>& xdat, std::span<const int> ydat, std::span<con
   });
 }
 
-void meanss_column(const FArray<double>& xdat, std::span<const int> ydat, std::span<const int> noc,
-                   int m, int j, Moments& mom) {
+void meanss_column(FMatrixView<const double> xdat, std::span<const int> ydat,
+                   std::span<const int> noc, int m, int j, Moments& mom) {
   shape(mom, static_cast<int>(noc.size()), static_cast<int>(xdat.extent2()));
   column_moments<false>(xdat, nullptr, ydat, noc, m, j, mom);
 }
 
-void meanss1(const FArray<double>& xdat, const FArray<char>& misind, std::span<const int> ydat,
-             int nclass, Moments& mom) {
+void meanss1(FMatrixView<const double> xdat, FMatrixView<const char> misind,
+             std::span<const int> ydat, int nclass, Moments& mom) {
   const int nvar = static_cast<int>(xdat.extent2());
   shape(mom, nclass, nvar);
   parallel_for(1, nvar, static_cast<std::size_t>(xdat.extent1()), [&](std::ptrdiff_t j) {
@@ -143,7 +143,7 @@ void meanss1(const FArray<double>& xdat, const FArray<char>& misind, std::span<c
   });
 }
 
-void meanss1_column(const FArray<double>& xdat, const FArray<char>& misind,
+void meanss1_column(FMatrixView<const double> xdat, FMatrixView<const char> misind,
                     std::span<const int> ydat, int nclass, int j, Moments& mom) {
   shape(mom, nclass, static_cast<int>(xdat.extent2()));
   column_moments<true>(xdat, &misind, ydat, {}, 0, j, mom);

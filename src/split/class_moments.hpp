@@ -46,14 +46,14 @@ struct Moments {
   FArray<int> noc_used;  // K by P
 };
 
-void meanss(const FArray<double>& xdat, std::span<const int> ydat, std::span<const int> noc, int m,
-            Moments& mom);
-void meanss_column(const FArray<double>& xdat, std::span<const int> ydat, std::span<const int> noc,
-                   int m, int j, Moments& mom);
+void meanss(FMatrixView<const double> xdat, std::span<const int> ydat, std::span<const int> noc,
+            int m, Moments& mom);
+void meanss_column(FMatrixView<const double> xdat, std::span<const int> ydat,
+                   std::span<const int> noc, int m, int j, Moments& mom);
 
-void meanss1(const FArray<double>& xdat, const FArray<char>& misind, std::span<const int> ydat,
-             int nclass, Moments& mom);
-void meanss1_column(const FArray<double>& xdat, const FArray<char>& misind,
+void meanss1(FMatrixView<const double> xdat, FMatrixView<const char> misind,
+             std::span<const int> ydat, int nclass, Moments& mom);
+void meanss1_column(FMatrixView<const double> xdat, FMatrixView<const char> misind,
                     std::span<const int> ydat, int nclass, int j, Moments& mom);
 
 }  // namespace vardel

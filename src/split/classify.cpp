@@ -1,5 +1,6 @@
 #include "split/classify.hpp"
 
+#include <algorithm>
 #include <cmath>
 #include <vector>
 
@@ -64,9 +65,9 @@ struct TestSet {
 
 // A read-only view of the cases the tests are run on.
 struct TestView {
-  const FArray<double>& x;
+  FMatrixView<const double> x;
   const FArray<int>& y;
-  const FArray<char>& mis;
+  FMatrixView<const char> mis;
   const FArray<int>& noc;
   int m;
 };
@@ -416,7 +417,11 @@ SplitResult exhaust0(const NodeSample& node) {
   ExhaustResult e;
   if (ch.test == 'L') {
     // Searched on the absolute deviations from the variable's mean.
-    FArray<double> x = node.xdat;
+    FArray<double> x(node.n, node.xdat.extent2(), 0.0);
+    for (int j = 1; j <= x.extent2(); ++j) {
+      const std::span<const double> from = node.xdat.column(j);
+      std::copy(from.begin(), from.end(), x.column(j).begin());
+    }
     for (double& v : x.column(ch.var)) v = std::fabs(v - gmean);
     e = exhaust(x, node.ydat.span(), node.misind, ch.var, node.csize.span(), node.prob.span());
   } else {

@@ -162,8 +162,8 @@ CategoricalBest search_categorical(std::span<const double> col, std::span<const 
 
 }  // namespace
 
-ExhaustResult exhaust(const FArray<double>& xdat, std::span<const int> ydat,
-                      const FArray<char>& misind, int var, std::span<const int> csize,
+ExhaustResult exhaust(FMatrixView<const double> xdat, std::span<const int> ydat,
+                      FMatrixView<const char> misind, int var, std::span<const int> csize,
                       std::span<const double> prob) {
   const Init& in = init();
   const int n = static_cast<int>(xdat.extent1());

@@ -52,8 +52,8 @@ struct ExhaustResult {
   FArray<int> py;       // n subnodes 1 or 2
 };
 
-ExhaustResult exhaust(const FArray<double>& xdat, std::span<const int> ydat,
-                      const FArray<char>& misind, int var, std::span<const int> csize,
+ExhaustResult exhaust(FMatrixView<const double> xdat, std::span<const int> ydat,
+                      FMatrixView<const char> misind, int var, std::span<const int> csize,
                       std::span<const double> prob);
 
 }  // namespace vardel

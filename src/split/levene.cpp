@@ -71,7 +71,7 @@ double levene_p(int m, int n, double f) {
 
 // select2 (keep the largest F) and select4 (keep the smallest p) over all cases.
 template <bool kByP>
-Pick levene_all_cases(const FArray<double>& xdat, std::span<const int> ydat,
+Pick levene_all_cases(FMatrixView<const double> xdat, std::span<const int> ydat,
                       std::span<const int> noc, std::span<const double> gmeans,
                       std::span<const char> vtype) {
   FView<const char> type(vtype);
@@ -106,18 +106,19 @@ double anova1(std::span<const double> d, std::span<const int> ydat, std::span<co
   return anova1_into(d, ydat, noc, b);
 }
 
-Pick select2(const FArray<double>& xdat, std::span<const int> ydat, std::span<const int> noc,
+Pick select2(FMatrixView<const double> xdat, std::span<const int> ydat, std::span<const int> noc,
              std::span<const double> gmean, std::span<const char> vtype) {
   return levene_all_cases<false>(xdat, ydat, noc, gmean, vtype);
 }
 
-Pick select4(const FArray<double>& xdat, std::span<const int> ydat, std::span<const int> noc,
+Pick select4(FMatrixView<const double> xdat, std::span<const int> ydat, std::span<const int> noc,
              std::span<const double> gmean, std::span<const char> vtype) {
   return levene_all_cases<true>(xdat, ydat, noc, gmean, vtype);
 }
 
-Pick select6(const FArray<double>& xdat, const FArray<char>& misind, std::span<const int> ydat,
-             int nclass, std::span<const double> gmeans, std::span<const char> vtype) {
+Pick select6(FMatrixView<const double> xdat, FMatrixView<const char> misind,
+             std::span<const int> ydat, int nclass, std::span<const double> gmeans,
+             std::span<const char> vtype) {
   FView<const char> type(vtype);
   FView<const double> gmean(gmeans);
   FView<const int> y(ydat);

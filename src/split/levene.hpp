@@ -34,11 +34,12 @@ namespace vardel {
 
 double anova1(std::span<const double> d, std::span<const int> ydat, std::span<const int> noc);
 
-Pick select2(const FArray<double>& xdat, std::span<const int> ydat, std::span<const int> noc,
+Pick select2(FMatrixView<const double> xdat, std::span<const int> ydat, std::span<const int> noc,
              std::span<const double> gmean, std::span<const char> vtype);
-Pick select4(const FArray<double>& xdat, std::span<const int> ydat, std::span<const int> noc,
+Pick select4(FMatrixView<const double> xdat, std::span<const int> ydat, std::span<const int> noc,
              std::span<const double> gmean, std::span<const char> vtype);
-Pick select6(const FArray<double>& xdat, const FArray<char>& misind, std::span<const int> ydat,
-             int nclass, std::span<const double> gmean, std::span<const char> vtype);
+Pick select6(FMatrixView<const double> xdat, FMatrixView<const char> misind,
+             std::span<const int> ydat, int nclass, std::span<const double> gmean,
+             std::span<const char> vtype);
 
 }  // namespace vardel

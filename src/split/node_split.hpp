@@ -1,7 +1,7 @@
 // What a split routine is given about a node, and what it returns.
 //
-// NodeSample holds the node's own copy of its cases (in case order) with the
-// class counts and weights growth has worked out. SplitResult is everything
+// NodeSample shows a node's cases (in case order) as rows of growth's table,
+// with the class counts and weights growth has worked out. SplitResult is everything
 // the node record needs from the split: the variable, the test that chose
 // it, the split points or category lists, the subnode of each case, and for
 // the alternate-split option the alternate variable's discriminant functions.
@@ -12,16 +12,16 @@
 namespace vardel {
 
 struct NodeSample {
-  int n = 0;             // cases in the node
-  int m = 0;             // classes with cases
-  FArray<double> xdat;   // n by P predictor values (missing cells filled as growth says)
-  FArray<int> ydat;      // n classes 1..K
-  FArray<char> misind;   // n by P, 'y' missing
-  FArray<int> noc;       // K class counts
-  FArray<double> altpr;  // K cost-altered class weights of the node
-  FArray<double> prob;   // K priors of the run
-  FArray<int> csize;     // K class counts of the sample the tree is grown on
-  int nobs = 0;          // cases of that sample
+  int n = 0;                 // cases in the node
+  int m = 0;                 // classes with cases
+  FMatrixView<double> xdat;  // n by P predictor values (missing cells filled as growth says)
+  FArray<int> ydat;          // n classes 1..K
+  FMatrixView<char> misind;  // n by P, 'y' missing
+  FArray<int> noc;           // K class counts
+  FArray<double> altpr;      // K cost-altered class weights of the node
+  FArray<double> prob;       // K priors of the run
+  FArray<int> csize;         // K class counts of the sample the tree is grown on
+  int nobs = 0;              // cases of that sample
 };
 
 struct SplitResult {

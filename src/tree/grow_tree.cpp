@@ -1,7 +1,10 @@
 #include "tree/grow_tree.hpp"
 
 #include <algorithm>
+#include <atomic>
 #include <iostream>
+#include <map>
+#include <mutex>
 #include <vector>
 
 #include "missing/node_means.hpp"
@@ -20,8 +23,29 @@ namespace {
 constexpr double kTestCodeF = 70.0;  // character code of "F"
 constexpr double kTestCodeL = 76.0;  // character code of "L"
 
+// Growth's table: the tree's cases once each. Its rows are reordered as
+// nodes split, so that every node's cases are one block of rows, in case
+// order; cases[r - 1] is the case (in the sample) on row r.
+struct GrowthTable {
+  FArray<double> x;
+  FArray<char> mis;
+  std::vector<int> cases;
+};
+
+// What growth keeps of a finished node until the tree is stored.
+struct GrownNode {
+  std::vector<double> record;
+  FArray<int> noc;
+  int n = 0;
+  NodeClass found;  // the node's class, with a tie not yet settled
+  bool split = false;
+};
+
 // The sample a tree is grown on, and what growth keeps about it.
 struct Growth {
+  Growth(const FArray<int>& y_, const FArray<double>& prob_, FArray<int>& termnode_)
+      : y(y_), prob(prob_), termnode(termnode_) {}
+
   const FArray<int>& y;
   const FArray<double>& prob;
   FArray<int>& termnode;
@@ -29,9 +53,15 @@ struct Growth {
   int nobs = 0;
   FArray<int> csize1;  // complete cases of each class (fit on complete cases only)
   int ncomplete = 0;
-  // The caller's tables when the root has borrowed them.
-  FArray<double>* lender_x = nullptr;
-  FArray<char>* lender_mis = nullptr;
+  GrowthTable table;
+  std::atomic<int> nodes{0};
+  std::mutex grown_mutex;
+  std::map<int, GrownNode> grown;  // finished nodes by number
+
+  void keep(int t, GrownNode&& node) {
+    std::lock_guard lock(grown_mutex);
+    grown.insert_or_assign(t, std::move(node));
+  }
 };
 
 enum class Search { classify, exhaust0, exhaust_all };
@@ -47,8 +77,8 @@ struct Dispatch {
 Dispatch dispatch(Init& in) {
   if (in.splitsel == 2) {
     // Exhaustive search: a lasting change of both missing-value settings.
-    in.impbuild = 3;
-    in.impprune = 2;
+    if (in.impbuild != 3) in.impbuild = 3;
+    if (in.impprune != 2) in.impprune = 2;
     if (in.varsel == 2) return {Search::exhaust0, Member::c0, true};
     if (in.varsel == 3) return {Search::exhaust_all, Member::c0, true};
     std::cout
@@ -86,122 +116,83 @@ int parent_of(int t, int k_classes) {
   return t == 1 ? 0 : (t - 2) / k_classes + 1;
 }
 
-// The given rows (counted from 1) of a cases-by-predictors table, in order,
-// copied column by column.
-template <class T>
-FArray<T> gather_rows(const FArray<T>& from, const std::vector<int>& rows, T fill) {
-  const int n = static_cast<int>(rows.size());
-  FArray<T> to(n, from.extent2(), fill);
-  parallel_for(1, from.extent2(), rows.size(), [&](std::ptrdiff_t j) {
-    const std::span<const T> source = from.column(j);
-    const std::span<T> target = to.column(j);
-    for (int r = 0; r < n; ++r)
-      target[static_cast<std::size_t>(r)] =
-          source[static_cast<std::size_t>(rows[static_cast<std::size_t>(r)] - 1)];
-  });
-  return to;
+int child_of(int t, int k, int k_classes) {
+  return (t - 1) * k_classes + k + 1;
 }
 
-// The cases of one node: their positions in the sample (in case order) and
-// the node's own copy of their predictor values and missing flags. A child's
-// copy is taken from its parent's, whose missing cells may already hold the
-// parent's class centres: every node fills its missing cells afresh before
-// it reads them, so those values are never used.
-struct NodeCases {
-  std::vector<int> members;
-  FArray<double> x;
-  FArray<char> mis;
-};
-
-// Copies each row of a node's table into the table of its subnode py(r),
-// keeping case order; the children's tables have their sizes already. Each
-// column is a task of its own, with its own write positions.
+// Holds the scratch of one thread: a column's values on their way to their
+// subnodes' rows.
 template <class T>
-void split_columns(const FArray<T>& from, const FArray<int>& py, std::vector<NodeCases>& children,
-                   FArray<T> NodeCases::*table) {
-  parallel_for(1, from.extent2(), static_cast<std::size_t>(from.extent1()), [&](std::ptrdiff_t j) {
-    std::vector<T*> to(children.size());
-    for (std::size_t k = 0; k < children.size(); ++k)
-      to[k] = children[k].members.empty() ? nullptr : (children[k].*table).column(j).data();
-    const std::span<const T> source = from.column(j);
-    for (std::size_t r = 0; r < source.size(); ++r)
-      *to[static_cast<std::size_t>(py(static_cast<FArray<int>::Index>(r + 1)) - 1)]++ = source[r];
+std::vector<T>& scratch_of() {
+  thread_local std::vector<T> scratch;
+  return scratch;
+}
+
+// Reorders rows lo + 1 .. lo + n of every column of `table` so that row r
+// moves to row lo + 1 + dest[r - 1]. Each column is a task of its own.
+template <class T>
+void move_rows(FArray<T>& table, int lo, const std::vector<int>& dest) {
+  const std::size_t n = dest.size();
+  parallel_for(1, table.extent2(), n, [&](std::ptrdiff_t j) {
+    const std::span<T> column = table.column(j).subspan(static_cast<std::size_t>(lo), n);
+    std::vector<T>& moved = scratch_of<T>();
+    if (moved.size() < n) moved.resize(n);
+    for (std::size_t r = 0; r < n; ++r) moved[static_cast<std::size_t>(dest[r])] = column[r];
+    std::copy(moved.begin(), moved.begin() + static_cast<std::ptrdiff_t>(n), column.begin());
   });
 }
 
-// Gives a borrowed root table back to its lender: the values the missing
-// cells held when borrowed are put back first. Done at the latest when the
-// root's work ends, also by a stop.
-class Loan {
- public:
-  Loan(Growth& g, NodeSample& node) : g_(g), node_(node) {
-    if (g_.lender_x == nullptr) return;
-    for (std::size_t i = 0; i < node_.misind.vector().size(); ++i)
-      if (node_.misind.vector()[i] == 'y') held_.push_back(node_.xdat.vector()[i]);
+// Whether a block of missing flags holds the value v.
+bool holds(FMatrixView<const char> mis, char v) {
+  for (std::ptrdiff_t j = 1; j <= mis.extent2(); ++j) {
+    const std::span<const char> column = mis.column(j);
+    if (std::find(column.begin(), column.end(), v) != column.end()) return true;
   }
-  ~Loan() { give_back(); }
-  Loan(const Loan&) = delete;
-  Loan& operator=(const Loan&) = delete;
+  return false;
+}
 
-  void give_back() {
-    if (g_.lender_x == nullptr) return;
-    std::vector<double>& x = node_.xdat.vector();
-    std::size_t h = 0;
-    for (std::size_t i = 0; i < x.size(); ++i)
-      if (node_.misind.vector()[i] == 'y') x[i] = held_[h++];
-    *g_.lender_x = std::move(node_.xdat);
-    *g_.lender_mis = std::move(node_.misind);
-    g_.lender_x = nullptr;
-    g_.lender_mis = nullptr;
-  }
-
- private:
-  Growth& g_;
-  NodeSample& node_;
-  std::vector<double> held_;  // values of the missing cells, in storage order
-};
-
-// Finishes node t and everything below it.
-void ldfuni_fit(Growth& g, int t, NodeCases cases) {
+// Finishes node t, rows lo + 1 .. lo + n of the table, and everything below it.
+void ldfuni_fit(Growth& g, int t, int lo, int n) {
   Init& in = init();
   const int k_classes = in.nclass;
   const int p = in.nvar;
-  ++in.nodes;
+  GrowthTable& table = g.table;
+  g.nodes.fetch_add(1);
 
   NodeSample node;
-  std::vector<int> members = std::move(cases.members);
-  const int n = static_cast<int>(members.size());
   node.n = n;
-  node.xdat = std::move(cases.x);
-  node.misind = std::move(cases.mis);
-  Loan loan(g, node);
+  node.xdat = FMatrixView<double>(table.x).rows(lo, n);
+  node.misind = FMatrixView<char>(table.mis).rows(lo, n);
+  const std::span<int> cases =
+      std::span<int>(table.cases)
+          .subspan(static_cast<std::size_t>(lo), static_cast<std::size_t>(n));
   node.ydat.assign(n, 0);
   node.noc.assign(k_classes, 0);
   for (int r = 1; r <= n; ++r) {
-    node.ydat(r) = g.y(members[static_cast<std::size_t>(r - 1)]);
+    node.ydat(r) = g.y(cases[static_cast<std::size_t>(r - 1)]);
     ++node.noc(node.ydat(r));
   }
   int m = 0;
   for (int c : node.noc) m += c > 0;
   node.m = m;
 
+  GrownNode grown;
+  grown.n = n;
+  grown.noc = node.noc;
   int iclass = 0;
   double rt = 0.0;
   FArray<double> pr;
   if (m >= 1) {
-    const NodeClass found =
+    grown.found =
         geticlasswithtie(node.noc.span(), g.csize.span(), g.prob.span(), g.nobs, node.altpr, pr);
-    iclass = found.iclass;
-    if (found.tie != 0)
-      iclass = geticlass(t, found, g.termnode.span(), g.y.span(), g.csize.span(), g.prob.span());
+    iclass = grown.found.iclass;  // a tie is settled once the siblings are known
     rt = getrt(pr);
   }
 
-  const bool any_present =
-      std::find(node.misind.begin(), node.misind.end(), 'n') != node.misind.end();
+  const bool any_present = n > 0 && p > 0 && holds(node.misind, 'n');
   const bool stop = m <= 1 || n <= in.mindat || t >= in.maxnodeid || m >= n || !any_present;
 
-  std::vector<double> record;
+  std::vector<double>& record = grown.record;
   if (!stop) {
     FArray<double> grand;
     FArray<double> meanmode;
@@ -251,50 +242,85 @@ void ldfuni_fit(Growth& g, int t, NodeCases cases) {
         record.push_back(split.c5);
         for (double v : split.crimcord5) record.push_back(v);
       }
-      tree_store().add_node(t, parent_of(t, k_classes), record);
+      grown.split = true;
 
-      // Each child's cases, in case order, with its copy of their values:
-      // one pass down each column hands every value to its subnode.
-      std::vector<NodeCases> children(static_cast<std::size_t>(k_classes));
-      for (int r = 1; r <= n; ++r) {
-        const int i = members[static_cast<std::size_t>(r - 1)];
-        g.termnode(i) = (t - 1) * k_classes + 1 + split.py(r);
-        children[static_cast<std::size_t>(split.py(r) - 1)].members.push_back(i);
+      // Each subnode's cases become one block of rows, in case order: a
+      // stable reordering of the node's rows by subnode.
+      std::vector<int> size(static_cast<std::size_t>(k_classes), 0);
+      for (int r = 1; r <= n; ++r) ++size[static_cast<std::size_t>(split.py(r) - 1)];
+      std::vector<int> start(static_cast<std::size_t>(k_classes), 0);
+      for (std::size_t k = 1; k < start.size(); ++k) start[k] = start[k - 1] + size[k - 1];
+      std::vector<int> dest(static_cast<std::size_t>(n));
+      {
+        std::vector<int> next = start;
+        std::vector<int> moved(static_cast<std::size_t>(n));
+        for (int r = 1; r <= n; ++r) {
+          const int k = split.py(r);
+          const int i = cases[static_cast<std::size_t>(r - 1)];
+          g.termnode(i) = child_of(t, k, k_classes);
+          const int to = next[static_cast<std::size_t>(k - 1)]++;
+          dest[static_cast<std::size_t>(r - 1)] = to;
+          moved[static_cast<std::size_t>(to)] = i;
+        }
+        std::copy(moved.begin(), moved.end(), cases.begin());
       }
-      const bool any_missing =
-          std::find(node.misind.begin(), node.misind.end(), 'y') != node.misind.end();
-      for (NodeCases& child : children) {
-        const int rows = static_cast<int>(child.members.size());
-        child.x.assign(rows, p, 0.0);
-        child.mis.assign(rows, p, 'n');
-      }
-      split_columns(node.xdat, split.py, children, &NodeCases::x);
-      if (any_missing) split_columns(node.misind, split.py, children, &NodeCases::mis);
-      loan.give_back();
+      const bool any_missing = holds(node.misind, 'y');
       node = NodeSample{};
       split = SplitResult{};
-      members = {};
+      move_rows(table.x, lo, dest);
+      if (any_missing) move_rows(table.mis, lo, dest);
+      dest = {};
+      g.keep(t, std::move(grown));
       for (int k = 1; k <= k_classes; ++k)
-        ldfuni_fit(g, (t - 1) * k_classes + k + 1,
-                   std::move(children[static_cast<std::size_t>(k - 1)]));
+        ldfuni_fit(g, child_of(t, k, k_classes), lo + start[static_cast<std::size_t>(k - 1)],
+                   size[static_cast<std::size_t>(k - 1)]);
       return;
     }
   }
 
   record.clear();
   pack_counts(record, n, iclass, rt, node.noc);
-  tree_store().add_node(t, parent_of(t, k_classes), record);
+  g.keep(t, std::move(grown));
+}
+
+// The class of node t, a tie settled against its siblings as they stand when
+// t is reached depth first: a sibling before t counts when it stayed
+// terminal (the cases of one that split have moved on to its subnodes), a
+// sibling after t counts with all its cases.
+int settled_class(const Growth& g, int t, const GrownNode& node) {
+  const int k_classes = init().nclass;
+  if (t <= 1 || node.found.tie == 0) return node.found.iclass;
+  const int parent = parent_of(t, k_classes);
+  FArray<int> count(k_classes, k_classes, 0);
+  FArray<int> size(k_classes, 0);
+  for (int s = 1; s <= k_classes; ++s) {
+    const int sibling = child_of(parent, s, k_classes);
+    const GrownNode& other = g.grown.at(sibling);
+    if (sibling < t && other.split) continue;
+    for (int i = 1; i <= k_classes; ++i) count(i, s) = other.noc(i);
+    size(s) = other.n;
+  }
+  return settle_tie(t, node.found, count, size, g.csize.span(), g.prob.span());
+}
+
+// Adds node t and its subtree to the tree store, depth first, subnode 1 first.
+void store_subtree(Growth& g, int t) {
+  const int k_classes = init().nclass;
+  GrownNode& node = g.grown.at(t);
+  if (node.record.size() > 1) node.record[1] = settled_class(g, t, node);
+  tree_store().add_node(t, parent_of(t, k_classes), node.record);
+  if (!node.split) return;
+  for (int k = 1; k <= k_classes; ++k) store_subtree(g, child_of(t, k, k_classes));
 }
 
 // Starts a growth on y with its priors: class counts, and under fitting on
 // complete cases (impbuild 1) the counts of the complete cases.
-Growth start_growth(const FArray<int>& y, const FArray<char>& misind, const FArray<double>& prob,
-                    FArray<int>& termnode) {
+void start_growth(Growth& g, const FArray<char>& misind) {
   Init& in = init();
   in.nodes = 0;
-  Growth g{y, prob, termnode, FArray<int>(in.nclass, 0), static_cast<int>(y.size()), FArray<int>(),
-           0};
-  for (int c : y) ++g.csize(c);
+  g.csize.assign(in.nclass, 0);
+  g.nobs = static_cast<int>(g.y.size());
+  for (int c : g.y) ++g.csize(c);
   if (in.impbuild == 1) {
     // Fit on complete cases: a class without a complete case turns the build
     // to nodewise imputation, for the rest of the run.
@@ -303,13 +329,12 @@ Growth start_growth(const FArray<int>& y, const FArray<char>& misind, const FArr
       bool complete = true;
       for (int j = 1; j <= in.nvar && complete; ++j) complete = misind(i, j) == 'n';
       if (!complete) continue;
-      ++g.csize1(y(i));
+      ++g.csize1(g.y(i));
       ++g.ncomplete;
     }
     for (int c : g.csize1)
       if (c == 0) in.impbuild = 2;
   }
-  return g;
 }
 
 // The cases whose node is 1.
@@ -320,52 +345,118 @@ std::vector<int> root_members(const FArray<int>& termnode) {
   return members;
 }
 
-// Gives the root the sample's own tables when every case starts there (true),
-// or a copy of the rows that do (false).
-bool take_root_tables(NodeCases& root, FArray<double>& x, FArray<char>& misind,
-                      const FArray<int>& termnode) {
-  root.members = root_members(termnode);
-  if (static_cast<FArray<int>::Index>(root.members.size()) == x.extent1()) {
-    root.x = std::move(x);
-    root.mis = std::move(misind);
-    return true;
-  }
-  root.x = gather_rows(x, root.members, 0.0);
-  root.mis = gather_rows(misind, root.members, 'n');
-  return false;
+// The given rows (counted from 1) of a cases-by-predictors table, in order,
+// copied column by column.
+template <class T>
+FArray<T> gather_rows(const FArray<T>& from, const std::vector<int>& rows, T fill) {
+  const int n = static_cast<int>(rows.size());
+  FArray<T> to(n, from.extent2(), fill);
+  parallel_for(1, from.extent2(), rows.size(), [&](std::ptrdiff_t j) {
+    const std::span<const T> source = from.column(j);
+    const std::span<T> target = to.column(j);
+    for (int r = 0; r < n; ++r)
+      target[static_cast<std::size_t>(r)] =
+          source[static_cast<std::size_t>(rows[static_cast<std::size_t>(r)] - 1)];
+  });
+  return to;
 }
+
+// Puts every column of a table back in case order (row r holds case
+// cases[r - 1]).
+template <class T>
+void restore_case_order(FArray<T>& table, const std::vector<int>& cases) {
+  parallel_for(1, table.extent2(), cases.size(), [&](std::ptrdiff_t j) {
+    const std::span<T> column = table.column(j);
+    std::vector<T>& ordered = scratch_of<T>();
+    if (ordered.size() < cases.size()) ordered.resize(cases.size());
+    for (std::size_t r = 0; r < cases.size(); ++r)
+      ordered[static_cast<std::size_t>(cases[r] - 1)] = column[r];
+    std::copy(ordered.begin(), ordered.begin() + static_cast<std::ptrdiff_t>(cases.size()),
+              column.begin());
+  });
+}
+
+// Grows the tree from the table, keeping the finished nodes, then stores it.
+void grow_and_store(Growth& g) {
+  const int n = static_cast<int>(g.table.cases.size());
+  ldfuni_fit(g, 1, 0, n);
+  init().nodes = g.nodes.load();
+  store_subtree(g, 1);
+}
+
+// Lends a sample's tables to growth, which reorders their rows and fills
+// their missing cells: on the way back (also when the run stops) the rows
+// return to case order and the missing cells to the values they held.
+class Loan {
+ public:
+  Loan(Growth& g, FArray<double>& x, FArray<char>& mis) : g_(g), x_(x), mis_(mis) {
+    for (std::size_t i = 0; i < mis.vector().size(); ++i)
+      if (mis.vector()[i] == 'y') held_.push_back(x.vector()[i]);
+    g_.table.x = std::move(x);
+    g_.table.mis = std::move(mis);
+  }
+  ~Loan() {
+    GrowthTable& table = g_.table;
+    restore_case_order(table.x, table.cases);
+    if (!held_.empty()) restore_case_order(table.mis, table.cases);
+    std::vector<double>& x = table.x.vector();
+    const std::vector<char>& mis = table.mis.vector();
+    std::size_t h = 0;
+    for (std::size_t i = 0; i < x.size() && h < held_.size(); ++i)
+      if (mis[i] == 'y') x[i] = held_[h++];
+    x_ = std::move(table.x);
+    mis_ = std::move(table.mis);
+  }
+  Loan(const Loan&) = delete;
+  Loan& operator=(const Loan&) = delete;
+
+ private:
+  Growth& g_;
+  FArray<double>& x_;
+  FArray<char>& mis_;
+  std::vector<double> held_;  // values of the missing cells, in storage order
+};
 
 }  // namespace
 
 void grow_tree(const FArray<double>& x, const FArray<int>& y, const FArray<char>& misind,
                const FArray<double>& prob, FArray<int>& termnode) {
-  Growth g = start_growth(y, misind, prob, termnode);
-  NodeCases root;
-  root.members = root_members(termnode);
-  root.x = gather_rows(x, root.members, 0.0);
-  root.mis = gather_rows(misind, root.members, 'n');
-  ldfuni_fit(g, 1, std::move(root));
+  Growth g(y, prob, termnode);
+  start_growth(g, misind);
+  g.table.cases = root_members(termnode);
+  g.table.x = gather_rows(x, g.table.cases, 0.0);
+  g.table.mis = gather_rows(misind, g.table.cases, 'n');
+  grow_and_store(g);
 }
 
 void grow_tree(FArray<double>&& x, const FArray<int>& y, FArray<char>&& misind,
                const FArray<double>& prob, FArray<int>& termnode) {
-  Growth g = start_growth(y, misind, prob, termnode);
-  NodeCases root;
-  take_root_tables(root, x, misind, termnode);
-  ldfuni_fit(g, 1, std::move(root));
+  Growth g(y, prob, termnode);
+  start_growth(g, misind);
+  g.table.cases = root_members(termnode);
+  if (static_cast<FArray<int>::Index>(g.table.cases.size()) == x.extent1()) {
+    g.table.x = std::move(x);
+    g.table.mis = std::move(misind);
+  } else {
+    g.table.x = gather_rows(x, g.table.cases, 0.0);
+    g.table.mis = gather_rows(misind, g.table.cases, 'n');
+  }
+  grow_and_store(g);
 }
 
 void grow_tree_in_place(FArray<double>& x, const FArray<int>& y, FArray<char>& misind,
                         const FArray<double>& prob, FArray<int>& termnode) {
-  Growth g = start_growth(y, misind, prob, termnode);
-  NodeCases root;
-  if (take_root_tables(root, x, misind, termnode)) {
-    // Lent, not given: the tables go back to the sample once the root's
-    // children have their own.
-    g.lender_x = &x;
-    g.lender_mis = &misind;
+  Growth g(y, prob, termnode);
+  start_growth(g, misind);
+  g.table.cases = root_members(termnode);
+  if (static_cast<FArray<int>::Index>(g.table.cases.size()) != x.extent1()) {
+    g.table.x = gather_rows(x, g.table.cases, 0.0);
+    g.table.mis = gather_rows(misind, g.table.cases, 'n');
+    grow_and_store(g);
+    return;
   }
-  ldfuni_fit(g, 1, std::move(root));
+  Loan loan(g, x, misind);
+  grow_and_store(g);
 }
 
 }  // namespace vardel

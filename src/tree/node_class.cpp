@@ -82,7 +82,6 @@ int getprior(std::span<const int> noc, std::span<const int> csize, std::span<con
 int geticlass(int node, NodeClass found, std::span<const int> termnode,
               std::span<const int> classes, std::span<const int> csize,
               std::span<const double> prob) {
-  const Init& in = init();
   const int k_classes = static_cast<int>(csize.size());
   if (node <= 1 || found.tie == 0) return found.iclass;
 
@@ -97,7 +96,15 @@ int geticlass(int node, NodeClass found, std::span<const int> termnode,
     ++count(classes[c], s);
     ++size(s);
   }
+  return settle_tie(node, found, count, size, csize, prob);
+}
 
+int settle_tie(int node, NodeClass found, const FArray<int>& count, const FArray<int>& size,
+               std::span<const int> csize, std::span<const double> prob) {
+  const Init& in = init();
+  const int k_classes = static_cast<int>(csize.size());
+  if (node <= 1 || found.tie == 0) return found.iclass;
+  const int first = ((node - 2) / k_classes) * k_classes + 2;
   FArray<double> w(k_classes, 0.0);
   for (int s = 1; s <= k_classes; ++s) {
     if (first + s - 1 == node || size(s) == 0) continue;

@@ -5,7 +5,7 @@
 //   probability of class and node under the priors) and altpr (the same under
 //   the cost-altered priors), and returns the first class of least cost and,
 //   if several classes share that cost, the last of them as tie (else 0).
-// geticlass: settles such a tie against the node's siblings.
+// geticlass, settle_tie: settle such a tie against the node's siblings.
 // getrt: the node's resubstitution cost from pr.
 //
 // Costs, costtype and priortype are the run's (module init). Sums over
@@ -37,6 +37,10 @@ int getprior(std::span<const int> noc, std::span<const int> csize, std::span<con
 int geticlass(int node, NodeClass found, std::span<const int> termnode,
               std::span<const int> classes, std::span<const int> csize,
               std::span<const double> prob);
+// The same from the siblings' counts: count(class, sibling) and size(sibling)
+// over the cases that stand in sibling s = 1..K of the node's parent.
+int settle_tie(int node, NodeClass found, const FArray<int>& count, const FArray<int>& size,
+               std::span<const int> csize, std::span<const double> prob);
 
 double getrt(const FArray<double>& pr);
 

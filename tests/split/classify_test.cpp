@@ -32,10 +32,12 @@ class Classify : public ::testing::Test {
     in.costtype = 1;
     in.cost.assign(k, k, 1.0);
     for (int c = 1; c <= k; ++c) in.cost(c, c) = 0.0;
+    x_.assign(n, p, 0.0);
+    mis_.assign(n, p, 'n');
     NodeSample s;
     s.n = n;
-    s.xdat.assign(n, p, 0.0);
-    s.misind.assign(n, p, 'n');
+    s.xdat = x_;
+    s.misind = mis_;
     s.ydat.assign(n, 0);
     s.noc.assign(k, 0);
     for (int i = 1; i <= n; ++i) {
@@ -55,6 +57,10 @@ class Classify : public ::testing::Test {
     geticlasswithtie(s.noc.span(), s.csize.span(), s.prob.span(), n, s.altpr, pr);
     return s;
   }
+
+ private:
+  FArray<double> x_;  // the node's cases, shown by the node sample
+  FArray<char> mis_;
 };
 
 TEST_F(Classify, ClassesThatDifferOnlyInSpreadAreSplitOnAbsoluteDeviations) {
