@@ -1,8 +1,10 @@
 #include "missing/node_means.hpp"
 
+#include <algorithm>
 #include <cmath>
 #include <vector>
 
+#include "numerics/parallel_for.hpp"
 #include "run/init.hpp"
 
 namespace vardel {
@@ -107,6 +109,27 @@ void meanmode_sub(FMatrixView<double> xdat, std::span<const int> cdat,
                   FArray<double>& grand, FArray<double>& meanmode) {
   getmeanmode(xdat, cdat, misind, noc, n, grand, meanmode);
   fill_missing_cells(xdat, cdat, misind, n, meanmode);
+}
+
+void fill_node_missing(FMatrixView<double> xdat, std::span<const int> cdat,
+                       FMatrixView<const char> misind, std::span<const int> noc, int n) {
+  const Init& in = init();
+  const int classes = static_cast<int>(noc.size());
+  const FArray<int> ordinal = categorical_ordinals(in);
+  parallel_for(1, in.nvar, static_cast<std::size_t>(n), [&](std::ptrdiff_t j) {
+    const std::span<const char> flags = misind.column(j).first(static_cast<std::size_t>(n));
+    if (std::find(flags.begin(), flags.end(), 'y') == flags.end()) return;
+    const int numcat = ordinal(j) > 0 ? in.numcat(ordinal(j)) : 0;
+    std::vector<double> centre, sums;
+    std::vector<int> counts;
+    column_centres(xdat, cdat, misind, n, static_cast<int>(j), numcat, classes, centre, sums,
+                   counts);
+    for (int i = 1; i <= n; ++i) {
+      if (misind(i, j) == 'n') continue;
+      const auto k = static_cast<std::size_t>(cdat[static_cast<std::size_t>(i - 1)]);
+      xdat(i, j) = noc[k - 1] != 0 ? centre[k] : 0.0;
+    }
+  });
 }
 
 void fill_missing_cells(FMatrixView<double> xdat, std::span<const int> cdat,

@@ -10,6 +10,8 @@
 //   needs when it fills no missing cells.
 // meanmode_sub: as getmeanmode, then fills each missing cell of xdat with the
 //   centre of its case's class (0 where that class has no present value).
+// fill_node_missing: the same filling, with the centres worked out only for
+//   the predictors that have a missing cell among the n cases.
 // fill_missing_cells: that filling alone, from centres getmeanmode has given
 //   for the same cases.
 #pragma once
@@ -30,6 +32,9 @@ void getmeanmode(FMatrixView<const double> xdat, std::span<const int> cdat,
 void meanmode_sub(FMatrixView<double> xdat, std::span<const int> cdat,
                   FMatrixView<const char> misind, std::span<const int> noc, int n,
                   FArray<double>& grand, FArray<double>& meanmode);
+
+void fill_node_missing(FMatrixView<double> xdat, std::span<const int> cdat,
+                       FMatrixView<const char> misind, std::span<const int> noc, int n);
 
 void fill_missing_cells(FMatrixView<double> xdat, std::span<const int> cdat,
                         FMatrixView<const char> misind, int n, const FArray<double>& meanmode);

@@ -54,6 +54,7 @@ struct Growth {
   FArray<int> csize1;  // complete cases of each class (fit on complete cases only)
   int ncomplete = 0;
   GrowthTable table;
+  bool any_missing = false;  // whether the table has a missing cell
   std::atomic<int> nodes{0};
   std::mutex grown_mutex;
   std::map<int, GrownNode> grown;  // finished nodes by number
@@ -194,13 +195,9 @@ void ldfuni_fit(Growth& g, int t, int lo, int n) {
 
   std::vector<double>& record = grown.record;
   if (!stop) {
-    FArray<double> grand;
-    FArray<double> meanmode;
     const Dispatch d = dispatch(in);
-    if (d.node_means) {
-      getmeanmode(node.xdat, node.ydat.span(), node.misind, node.noc.span(), n, grand, meanmode);
-      fill_missing_cells(node.xdat, node.ydat.span(), node.misind, n, meanmode);
-    }
+    if (d.node_means && g.any_missing)
+      fill_node_missing(node.xdat, node.ydat.span(), node.misind, node.noc.span(), n);
     node.prob = g.prob;
     node.csize = g.csize;
     node.nobs = g.nobs;
@@ -218,11 +215,12 @@ void ldfuni_fit(Growth& g, int t, int lo, int n) {
     }
 
     if (split.success) {
-      // Without filling, the record needs the centres of the split variable
-      // alone; the split leaves the node's values as they were.
-      if (!d.node_means)
-        getmeanmode(node.xdat, node.ydat.span(), node.misind, node.noc.span(), n, grand, meanmode,
-                    split.var);
+      // The record needs the centres of the split variable alone: they rest
+      // on the present values, which neither filling nor the split changes.
+      FArray<double> grand;
+      FArray<double> meanmode;
+      getmeanmode(node.xdat, node.ydat.span(), node.misind, node.noc.span(), n, grand, meanmode,
+                  split.var);
       pack_counts(record, n, iclass, rt, node.noc);
       for (int k = 1; k <= k_classes; ++k) record.push_back(meanmode(k, split.var));
       record.push_back(grand(split.var));
@@ -264,7 +262,7 @@ void ldfuni_fit(Growth& g, int t, int lo, int n) {
         }
         std::copy(moved.begin(), moved.end(), cases.begin());
       }
-      const bool any_missing = holds(node.misind, 'y');
+      const bool any_missing = g.any_missing && holds(node.misind, 'y');
       node = NodeSample{};
       split = SplitResult{};
       move_rows(table.x, lo, dest);
@@ -378,6 +376,7 @@ void restore_case_order(FArray<T>& table, const std::vector<int>& cases) {
 
 // Grows the tree from the table, keeping the finished nodes, then stores it.
 void grow_and_store(Growth& g) {
+  g.any_missing = std::find(g.table.mis.begin(), g.table.mis.end(), 'y') != g.table.mis.end();
   const int n = static_cast<int>(g.table.cases.size());
   ldfuni_fit(g, 1, 0, n);
   init().nodes = g.nodes.load();
