@@ -2,6 +2,7 @@
 #include "prune/fold_data.hpp"
 
 #include <algorithm>
+#include <vector>
 
 #include "numerics/parallel_for.hpp"
 
@@ -9,15 +10,10 @@ namespace vardel {
 
 namespace {
 
-// The cases of one column whose fold is `fold` (in_fold) or is not, in
-// case order.
+// The rows of one column given by `rows` (counted from 0), in that order.
 template <class T>
-void copy_by_fold(int fold, bool in_fold, FView<const int> fold_of, std::span<const T> from,
-                  std::span<T> to) {
-  std::size_t k = 0;
-  for (std::size_t i = 0; i < from.size(); ++i) {
-    if ((fold_of(static_cast<FArray<int>::Index>(i + 1)) == fold) == in_fold) to[k++] = from[i];
-  }
+void copy_rows(const std::vector<std::size_t>& rows, std::span<const T> from, std::span<T> to) {
+  for (std::size_t k = 0; k < rows.size(); ++k) to[k] = from[rows[k]];
 }
 
 // The part of the sample in the fold (in_fold) or outside it: classes, then
@@ -34,13 +30,17 @@ void select_part(int fold, bool in_fold, std::span<const int> mcv, const FArray<
   xpart.assign(rows, p, 0.0);
   ypart.assign(rows, 0);
   mispart.assign(rows, p, 'n');
-  FArray<int>::Index k = 0;
+  std::vector<std::size_t> chosen;
+  chosen.reserve(static_cast<std::size_t>(rows));
   for (FArray<int>::Index i = 1; i <= n; ++i) {
-    if ((fold_of(i) == fold) == in_fold) ypart(++k) = cls(i);
+    if ((fold_of(i) == fold) == in_fold) chosen.push_back(static_cast<std::size_t>(i - 1));
   }
-  parallel_for(1, p, static_cast<std::size_t>(n), [&](FArray<int>::Index j) {
-    copy_by_fold(fold, in_fold, fold_of, x.column(j), xpart.column(j));
-    copy_by_fold(fold, in_fold, fold_of, mis.column(j), mispart.column(j));
+  for (std::size_t k = 0; k < chosen.size(); ++k)
+    ypart(static_cast<FArray<int>::Index>(k + 1)) =
+        cls(static_cast<FArray<int>::Index>(chosen[k] + 1));
+  parallel_for(1, p, static_cast<std::size_t>(rows), [&](FArray<int>::Index j) {
+    copy_rows(chosen, x.column(j), xpart.column(j));
+    copy_rows(chosen, mis.column(j), mispart.column(j));
   });
 }
 
