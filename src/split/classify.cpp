@@ -417,12 +417,12 @@ SplitResult exhaust0(const NodeSample& node) {
   ExhaustResult e;
   if (ch.test == 'L') {
     // Searched on the absolute deviations from the variable's mean.
-    FArray<double> x(node.n, node.xdat.extent2(), 0.0);
-    for (int j = 1; j <= x.extent2(); ++j) {
-      const std::span<const double> from = node.xdat.column(j);
-      std::copy(from.begin(), from.end(), x.column(j).begin());
-    }
-    for (double& v : x.column(ch.var)) v = std::fabs(v - gmean);
+    std::vector<double> dev(static_cast<std::size_t>(node.n));
+    const std::span<const double> values = node.xdat.column(ch.var);
+    for (std::size_t i = 0; i < dev.size(); ++i) dev[i] = std::fabs(values[i] - gmean);
+    // The search reads the chosen column alone: a view that shows the
+    // deviations as every column will do.
+    const FMatrixView<const double> x(dev.data(), node.n, node.xdat.extent2(), 0);
     e = exhaust(x, node.ydat.span(), node.misind, ch.var, node.csize.span(), node.prob.span());
   } else {
     e = exhaust(node.xdat, node.ydat.span(), node.misind, ch.var, node.csize.span(),
