@@ -28,20 +28,27 @@ void column_centres(FMatrixView<const double> xdat, std::span<const int> cdat,
                     std::vector<int>& counts) {
   const std::size_t groups = static_cast<std::size_t>(classes) + 1;
   centre.assign(groups, 0.0);
+  const auto rows = static_cast<std::size_t>(n);
+  const std::span<const double> x = xdat.column(j).first(rows);
+  const std::span<const char> mis = misind.column(j).first(rows);
   if (numcat == 0) {
     sums.assign(groups, 0.0);
     counts.assign(groups, 0);
-    for (int i = 1; i <= n; ++i) {
-      if (misind(i, j) != 'n') continue;
-      const double v = xdat(i, j);
-      sums[0] += v;
-      ++counts[0];
+    double total = 0.0;
+    int present = 0;
+    for (std::size_t i = 0; i < rows; ++i) {
+      if (mis[i] != 'n') continue;
+      const double v = x[i];
+      total += v;
+      ++present;
       if (classes > 0) {
-        const auto k = static_cast<std::size_t>(cdat[i - 1]);
+        const auto k = static_cast<std::size_t>(cdat[i]);
         sums[k] += v;
         ++counts[k];
       }
     }
+    sums[0] = total;
+    counts[0] = present;
     for (std::size_t g = 0; g < groups; ++g)
       if (counts[g] > 0) centre[g] = sums[g] / counts[g];
     return;
@@ -49,13 +56,13 @@ void column_centres(FMatrixView<const double> xdat, std::span<const int> cdat,
   // counts[g * (numcat + 1) + code]
   const std::size_t width = static_cast<std::size_t>(numcat) + 1;
   counts.assign(groups * width, 0);
-  for (int i = 1; i <= n; ++i) {
-    if (misind(i, j) != 'n') continue;
-    const long code = std::lround(xdat(i, j));
+  for (std::size_t i = 0; i < rows; ++i) {
+    if (mis[i] != 'n') continue;
+    const long code = std::lround(x[i]);
     if (code < 1 || code > numcat) continue;
     ++counts[static_cast<std::size_t>(code)];
     if (classes > 0)
-      ++counts[static_cast<std::size_t>(cdat[i - 1]) * width + static_cast<std::size_t>(code)];
+      ++counts[static_cast<std::size_t>(cdat[i]) * width + static_cast<std::size_t>(code)];
   }
   for (std::size_t g = 0; g < groups; ++g) {
     int best = 0;
@@ -124,10 +131,11 @@ void fill_node_missing(FMatrixView<double> xdat, std::span<const int> cdat,
     std::vector<int> counts;
     column_centres(xdat, cdat, misind, n, static_cast<int>(j), numcat, classes, centre, sums,
                    counts);
-    for (int i = 1; i <= n; ++i) {
-      if (misind(i, j) == 'n') continue;
-      const auto k = static_cast<std::size_t>(cdat[static_cast<std::size_t>(i - 1)]);
-      xdat(i, j) = noc[k - 1] != 0 ? centre[k] : 0.0;
+    const std::span<double> x = xdat.column(j);
+    for (std::size_t i = 0; i < flags.size(); ++i) {
+      if (flags[i] == 'n') continue;
+      const auto k = static_cast<std::size_t>(cdat[i]);
+      x[i] = noc[k - 1] != 0 ? centre[k] : 0.0;
     }
   });
 }
