@@ -1,12 +1,17 @@
-// A fixed pool of worker threads for parallel_for and parallel_blocks (see
-// parallel_for.hpp).
+// A fixed pool of worker threads that share fork-join jobs, for fork_join,
+// parallel_for and parallel_blocks (see parallel_for.hpp).
+//
+// A job is one call's tasks 0..count-1. Jobs wait on a stack under one mutex;
+// any thread takes the next index of the newest job with indices left. The
+// caller of a job runs its own indices first, then helps on other jobs until
+// every index of its own has finished.
 #include "numerics/parallel_for.hpp"
 
 #include <algorithm>
 #include <atomic>
-#include <chrono>
 #include <condition_variable>
 #include <exception>
+#include <memory>
 #include <mutex>
 #include <thread>
 #include <vector>
@@ -15,6 +20,7 @@ namespace vardel {
 namespace {
 
 using Index = std::ptrdiff_t;
+using Task = std::function<void(Index)>;
 
 // Guards the pool size: more threads than this gain nothing on the column
 // counts of a node and only cost start-up.
@@ -24,25 +30,47 @@ constexpr int kMaxThreads = 8;
 constexpr std::size_t kMinSharedSteps = 32768;
 // Blocks per thread for parallel_blocks, so that a slow thread is caught up.
 constexpr Index kBlocksPerThread = 4;
+// Guards the waits: a thread with nothing to do checks for work this many
+// times (a pause of some 20 ns each on current cores) before it sleeps, since
+// waking a sleeping thread of a virtual machine costs far more than a node's
+// hand-off.
+constexpr int kSpinRounds = 8192;
 
-// True on a pool worker, and on the caller while it shares a job: a nested
-// call then runs inline.
-thread_local bool t_in_task = false;
+// Tasks this thread is running, nested: a parallel_for inside one shares its
+// range only when some thread is idle.
+thread_local int t_task_depth = 0;
 
-// Guards the waits: a thread that expects work (or a worker's check-in) soon
-// spins this long before it sleeps, since waking a sleeping thread of a
-// virtual machine costs far more than a node's hand-off.
-constexpr auto kSpin = std::chrono::microseconds(200);
+void cpu_pause() {
+#if defined(__x86_64__)
+  __builtin_ia32_pause();
+#endif
+}
 
-// Spins until ready() holds or kSpin has passed; returns ready().
+// Checks ready() up to kSpinRounds times; returns its last answer.
 template <class Ready>
 bool spin_until(Ready ready) {
-  const auto until = std::chrono::steady_clock::now() + kSpin;
-  for (int round = 1;; ++round) {
+  for (int round = 0; round < kSpinRounds; ++round) {
     if (ready()) return true;
-    if (round % 64 == 0 && std::chrono::steady_clock::now() > until) return ready();
+    cpu_pause();
   }
+  return ready();
 }
+
+// One call's tasks. The fields marked "mutex" are guarded by Pool::mutex_.
+struct Job {
+  Job(const Task* t, Index n) : task(t), count(n), failed_at(n) {}
+  const Task* task;  // the caller's; never called once next has passed count
+  const Index count;
+  std::atomic<Index> next{0};      // the next index to hand out
+  std::atomic<Index> finished{0};  // indices run, or dropped after a failure
+  Index failed_at;                 // mutex: the first failed index so far
+  std::exception_ptr error;        // mutex: its exception
+  bool owner_asleep = false;       // mutex: the caller sleeps until it ends
+
+  bool has_work() const { return next.load(std::memory_order_relaxed) < count; }
+  bool done() const { return finished.load(std::memory_order_acquire) == count; }
+};
+using JobPtr = std::shared_ptr<Job>;
 
 class Pool {
  public:
@@ -63,85 +91,143 @@ class Pool {
   Pool& operator=(const Pool&) = delete;
 
   int threads() const { return static_cast<int>(workers_.size()) + 1; }
+  bool someone_idle() const { return idle_.load(std::memory_order_relaxed) > 0; }
 
-  // Runs task(0) .. task(count - 1) on the workers and the calling thread.
-  void run(Index count, const std::function<void(Index)>& task) {
-    std::unique_lock caller(busy_, std::try_to_lock);
-    if (!caller.owns_lock()) {
-      // Another thread is sharing a job: this one does its own work alone.
-      for (Index k = 0; k < count; ++k) task(k);
-      return;
-    }
-    task_ = &task;
-    count_ = count;
-    next_.store(0);
-    failed_at_ = count;
-    error_ = nullptr;
-    pending_.store(static_cast<int>(workers_.size()));
+  // Runs task(0) .. task(count - 1) on this thread and whoever helps.
+  void run(Index count, const Task& task) {
+    const JobPtr job = std::make_shared<Job>(&task, count);
+    bool wake = false;
     {
       std::lock_guard lock(mutex_);
-      generation_.fetch_add(1);
+      jobs_.push_back(job);
+      listed_.store(jobs_.size(), std::memory_order_relaxed);
+      wake = sleepers_ > 0;
     }
-    wake_.notify_all();
-    t_in_task = true;
-    take_tasks();
-    t_in_task = false;
-    // Every worker checks in before the job's fields may change again.
-    if (!spin_until([this] { return pending_.load() == 0; })) {
-      while (pending_.load() != 0) std::this_thread::yield();
+    if (wake) wake_.notify_all();
+    while (run_one(*job)) {
     }
-    task_ = nullptr;
-    if (error_) std::rethrow_exception(error_);
+    wait_for(*job);
+    if (job->error) std::rethrow_exception(job->error);
   }
 
  private:
   void work() {
-    t_in_task = true;
-    unsigned long seen = 0;
     for (;;) {
-      auto ready = [&] { return closing_.load() || generation_.load() != seen; };
-      if (!spin_until(ready)) {
-        std::unique_lock lock(mutex_);
-        wake_.wait(lock, ready);
+      JobPtr job = take();
+      if (!job) job = wait_for_work();
+      if (!job) return;  // closing
+      while (run_one(*job)) {
       }
-      if (closing_.load()) return;
-      seen = generation_.load();
-      take_tasks();
-      pending_.fetch_sub(1);
     }
   }
 
-  // Takes tasks in index order until none is left or one has failed.
-  void take_tasks() {
-    for (;;) {
-      const Index k = next_.fetch_add(1);
-      if (k >= count_) return;
-      try {
-        (*task_)(k);
-      } catch (...) {
-        std::lock_guard lock(mutex_);
-        if (k < failed_at_) {
-          failed_at_ = k;
-          error_ = std::current_exception();
-        }
-        next_.store(count_);
+  // Runs the next index of `job`; false when none was left.
+  bool run_one(Job& job) {
+    const Index k = job.next.fetch_add(1);
+    if (k >= job.count) {
+      drop(job);
+      return false;
+    }
+    Index ended = 1;
+    ++t_task_depth;
+    try {
+      (*job.task)(k);
+    } catch (...) {
+      ended += fail(job, k);
+    }
+    --t_task_depth;
+    if (job.finished.fetch_add(ended, std::memory_order_acq_rel) + ended == job.count) {
+      std::lock_guard lock(mutex_);
+      if (job.owner_asleep) wake_.notify_all();
+    }
+    return true;
+  }
+
+  // Records the failure of index k and stops the job's handing out; returns
+  // the indices that will now never start.
+  Index fail(Job& job, Index k) {
+    {
+      std::lock_guard lock(mutex_);
+      if (k < job.failed_at) {
+        job.failed_at = k;
+        job.error = std::current_exception();
       }
     }
+    const Index handed = job.next.exchange(job.count);
+    return handed < job.count ? job.count - handed : 0;
+  }
+
+  // The caller of `job` helps on other jobs until every index has finished.
+  void wait_for(Job& job) {
+    while (!job.done()) {
+      if (const JobPtr other = take()) {
+        run_one(*other);  // one at a time, so that the caller returns soon
+        continue;
+      }
+      idle_.fetch_add(1, std::memory_order_relaxed);
+      if (!spin_until([&] { return job.done() || listed_.load(std::memory_order_relaxed) > 0; })) {
+        std::unique_lock lock(mutex_);
+        job.owner_asleep = true;
+        ++sleepers_;
+        wake_.wait(lock, [&] { return job.done() || !jobs_.empty(); });
+        --sleepers_;
+        job.owner_asleep = false;
+      }
+      idle_.fetch_sub(1, std::memory_order_relaxed);
+    }
+  }
+
+  // A worker with nothing to do: spins, then sleeps until a job is listed.
+  // Returns null when the pool closes.
+  JobPtr wait_for_work() {
+    idle_.fetch_add(1, std::memory_order_relaxed);
+    spin_until([&] { return closing_.load() || listed_.load(std::memory_order_relaxed) > 0; });
+    JobPtr job;
+    std::unique_lock lock(mutex_);
+    while (!closing_.load() && !(job = take_locked())) {
+      ++sleepers_;
+      wake_.wait(lock);
+      --sleepers_;
+    }
+    idle_.fetch_sub(1, std::memory_order_relaxed);
+    return job;
+  }
+
+  JobPtr take() {
+    std::lock_guard lock(mutex_);
+    return take_locked();
+  }
+
+  // The newest job with indices left; jobs passed over have none and leave.
+  JobPtr take_locked() {
+    JobPtr found;
+    while (!jobs_.empty()) {
+      if (jobs_.back()->has_work()) {
+        found = jobs_.back();
+        break;
+      }
+      jobs_.pop_back();
+    }
+    listed_.store(jobs_.size(), std::memory_order_relaxed);
+    return found;
+  }
+
+  // Takes a job with no indices left off the stack.
+  void drop(const Job& job) {
+    std::lock_guard lock(mutex_);
+    const auto at =
+        std::find_if(jobs_.begin(), jobs_.end(), [&](const JobPtr& j) { return j.get() == &job; });
+    if (at != jobs_.end()) jobs_.erase(at);
+    listed_.store(jobs_.size(), std::memory_order_relaxed);
   }
 
   std::vector<std::thread> workers_;
-  std::mutex busy_;   // held by the thread sharing a job
-  std::mutex mutex_;  // for sleeping workers, and the failure fields
-  std::condition_variable wake_;
-  // The job: set by the caller before generation_ moves on, read by the
-  // workers after they see it move.
-  const std::function<void(Index)>* task_ = nullptr;
-  Index count_ = 0;
-  std::atomic<Index> next_{0};
-  Index failed_at_ = 0;
-  std::exception_ptr error_;
-  std::atomic<int> pending_{0};  // workers yet to check in
-  std::atomic<unsigned long> generation_{0};
+  std::mutex mutex_;
+  std::condition_variable wake_;        // a job listed or ended, or the pool closing
+  std::vector<JobPtr> jobs_;            // mutex: newest last
+  int sleepers_ = 0;                    // mutex: threads in wake_.wait
+  std::atomic<std::size_t> listed_{0};  // jobs_.size(), for spinning threads
+  std::atomic<int> idle_{0};            // threads spinning or sleeping
   std::atomic<bool> closing_{false};
 };
 
@@ -152,15 +238,23 @@ Pool& pool() {
 
 // Whether n indices of `cost` steps each are worth sharing.
 bool worth_sharing(Index n, std::size_t cost) {
-  if (n < 2 || t_in_task) return false;
+  if (n < 2) return false;
   const std::size_t steps = static_cast<std::size_t>(n) * std::max<std::size_t>(cost, 1);
-  return steps >= kMinSharedSteps && pool().threads() > 1;
+  if (steps < kMinSharedSteps || pool().threads() < 2) return false;
+  return t_task_depth == 0 || pool().someone_idle();
 }
 
 }  // namespace
 
-void parallel_for(Index first, Index last, std::size_t cost,
-                  const std::function<void(Index)>& body) {
+void fork_join(Index count, const Task& task) {
+  if (count < 2 || pool().threads() < 2) {
+    for (Index k = 0; k < count; ++k) task(k);
+    return;
+  }
+  pool().run(count, task);
+}
+
+void parallel_for(Index first, Index last, std::size_t cost, const Task& body) {
   const Index n = last - first + 1;
   if (!worth_sharing(n, cost)) {
     for (Index i = first; i <= last; ++i) body(i);
