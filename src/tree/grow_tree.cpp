@@ -269,9 +269,12 @@ void ldfuni_fit(Growth& g, int t, int lo, int n) {
       if (any_missing) move_rows(table.mis, lo, dest);
       dest = {};
       g.keep(t, std::move(grown));
-      for (int k = 1; k <= k_classes; ++k)
-        ldfuni_fit(g, child_of(t, k, k_classes), lo + start[static_cast<std::size_t>(k - 1)],
-                   size[static_cast<std::size_t>(k - 1)]);
+      // The subtrees share nothing but the tree's cases, each its own rows:
+      // they grow side by side, and the store gets them in order at the end.
+      fork_join(k_classes, [&](std::ptrdiff_t k) {
+        const auto s = static_cast<std::size_t>(k);
+        ldfuni_fit(g, child_of(t, static_cast<int>(k) + 1, k_classes), lo + start[s], size[s]);
+      });
       return;
     }
   }
