@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "numerics/parallel_for.hpp"
+#include "numerics/round_to_long.hpp"
 #include "run/init.hpp"
 
 namespace vardel {
@@ -58,7 +59,7 @@ void column_centres(FMatrixView<const double> xdat, std::span<const int> cdat,
   counts.assign(groups * width, 0);
   for (std::size_t i = 0; i < rows; ++i) {
     if (mis[i] != 'n') continue;
-    const long code = std::lround(x[i]);
+    const long code = round_to_long(x[i]);
     if (code < 1 || code > numcat) continue;
     ++counts[static_cast<std::size_t>(code)];
     if (classes > 0)

@@ -4,6 +4,7 @@
 #include <limits>
 
 #include "numerics/indexx.hpp"
+#include "numerics/round_to_long.hpp"
 #include "run/init.hpp"
 
 namespace vardel {
@@ -45,7 +46,7 @@ int alternate_class(const FView<double>& y, int q, int a, double z, PourWork& wo
   const int k = in.nclass;
   if (in.vtype(a) == 'c') {
     const int ia = categorical_ordinal(a);
-    const long code = std::lround(z);
+    const long code = round_to_long(z);
     if (ia > 0 && code >= 1 && code <= in.numcat(ia)) {
       z = y(q + 2 + 2 * k + static_cast<int>(code) - 1);  // crimcord5(code)
     }

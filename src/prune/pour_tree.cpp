@@ -2,6 +2,7 @@
 
 #include <cmath>
 
+#include "numerics/round_to_long.hpp"
 #include "prune/impute_split.hpp"
 #include "run/init.hpp"
 
@@ -69,7 +70,7 @@ PourTree::PourTree(TreeStore& store) {
 
 int PourTree::child_of(const Node& node, double x) const {
   if (node.categorical) {
-    const long code = std::lround(x);
+    const long code = round_to_long(x);
     for (int i = 0; i < node.nlisted; ++i) {
       const std::pair<long, int>& entry = listed_[static_cast<std::size_t>(node.first_listed + i)];
       if (entry.first == code) return entry.second;

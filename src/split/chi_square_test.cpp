@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "numerics/chi_squared.hpp"
+#include "numerics/round_to_long.hpp"
 #include "run/stop.hpp"
 
 namespace vardel {
@@ -52,7 +53,7 @@ ChiSquare test_column(FMatrixView<const double> xdat, const FMatrixView<const ch
     tab.noc.fill(0);
     for (int i = 1; i <= n_all; ++i) {
       if (miss(i) == 'y') continue;
-      const long code = std::lround(x(i));
+      const long code = round_to_long(x(i));
       if (code < 1 || code > ncodes) bad_code(j, x(i));
       ++tab.obs(y(i), code);
       ++tab.noc(y(i));
@@ -60,7 +61,7 @@ ChiSquare test_column(FMatrixView<const double> xdat, const FMatrixView<const ch
     }
   } else {
     for (int i = 1; i <= n_all; ++i) {
-      const long code = std::lround(x(i));
+      const long code = round_to_long(x(i));
       if (code < 1 || code > ncodes) bad_code(j, x(i));
       ++tab.obs(y(i), code);
     }

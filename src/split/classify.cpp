@@ -4,6 +4,7 @@
 #include <cmath>
 #include <vector>
 
+#include "numerics/round_to_long.hpp"
 #include "run/init.hpp"
 #include "split/backtran.hpp"
 #include "split/boxcox.hpp"
@@ -268,7 +269,7 @@ void fit_alternate(const Init& in, const Traits& tr, const NodeSample& node, Spl
 
 // The coordinate of a case's category; 0 for a code that is no category.
 double coordinate_of(const FArray<double>& a, double code) {
-  const long j = std::lround(code);
+  const long j = round_to_long(code);
   return j >= 1 && j <= a.size() ? a(j) : 0.0;
 }
 

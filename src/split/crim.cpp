@@ -8,6 +8,7 @@
 
 #include "numerics/dsvdc.hpp"
 #include "numerics/indexx.hpp"
+#include "numerics/round_to_long.hpp"
 #include "run/init.hpp"
 
 namespace vardel {
@@ -47,7 +48,7 @@ struct CrimWork {
 // 1..numcat, otherwise 0.
 int category_of(double x, int numcat) {
   if (!(x >= 0.5 && x < numcat + 0.5)) return 0;
-  return static_cast<int>(std::lround(x));
+  return static_cast<int>(round_to_long(x));
 }
 
 // Fits the coordinates of column x into a (numcat entries). Returns false,

@@ -7,6 +7,7 @@
 
 #include "numerics/dsort.hpp"
 #include "numerics/indexx.hpp"
+#include "numerics/round_to_long.hpp"
 #include "run/init.hpp"
 #include "run/stop.hpp"
 #include "split/getpjlt.hpp"
@@ -119,7 +120,7 @@ CategoricalBest search_categorical(std::span<const double> col, std::span<const 
   FArray<int> ncatclass2(numcat, 0);
   for (int i = 0; i < n; ++i) {
     if (mis[i] == 'y') continue;
-    const long code = std::lround(col[i]);
+    const long code = round_to_long(col[i]);
     if (code < 1 || code > numcat) bad_code(column, col[i]);
     if (ydat[i] == 1)
       ++ncatclass1(code);
@@ -218,7 +219,7 @@ ExhaustResult exhaust(FMatrixView<const double> xdat, std::span<const int> ydat,
     for (int b = 1; b <= cat.nleft; ++b) goes_left(cat.order(b)) = 'y';
     const auto col = xdat.column(catvar);
     for (int i = 1; i <= n; ++i) {
-      const long code = std::lround(col[i - 1]);
+      const long code = round_to_long(col[i - 1]);
       if (code >= 1 && code <= numcat && goes_left(code) == 'y') r.py(i) = 1;
     }
   } else {
