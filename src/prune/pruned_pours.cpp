@@ -37,13 +37,14 @@ void PrunedPours::pour(FArray<int>& table, FArray<double>& x, std::span<const in
     pour_test(table, x, y, mis, n);
     return;
   }
-  FArray<int> py(n, 0);
   if (!walked_) {
+    FArray<int> py(n, 0);
     if (!first_pour(py, x, mis, n)) {
       pour_test(table, x, y, mis, n);  // ends where the first walk ended
       return;
     }
     walked_ = true;
+    group_landings(y, n, k);
     tally_classes(table, y, py, k);
     return;
   }
@@ -56,8 +57,13 @@ void PrunedPours::pour(FArray<int>& table, FArray<double>& x, std::span<const in
     present[place] = store.contains(ids_[place]);
     terminal[place] = present[place] && store.retrieve(ids_[place]).children.empty();
   }
-  for (int row = 1; row <= n; ++row) {
+  // Cases that landed on the same node in the first pour share their path:
+  // one walk per such node settles them all.
+  FArray<int> tally(k, k, 0);
+  for (std::size_t l = 0; l < landing_row_.size(); ++l) {
+    const int row = landing_row_[l];
     const int end = start_[static_cast<std::size_t>(row)];
+    int predicted = 0;
     for (int i = start_[static_cast<std::size_t>(row - 1)]; i < end; ++i) {
       const auto place = static_cast<std::size_t>(path_[static_cast<std::size_t>(i)]);
       if (!present[place]) {
@@ -65,12 +71,39 @@ void PrunedPours::pour(FArray<int>& table, FArray<double>& x, std::span<const in
         return;
       }
       if (terminal[place] || i == end - 1) {
-        py(row) = classes_[place];
+        predicted = classes_[place];
         break;
       }
     }
+    if (predicted < 1 || predicted > k) continue;
+    for (int actual = 1; actual <= k; ++actual)
+      tally(predicted, actual) +=
+          landing_count_[l * static_cast<std::size_t>(k) + static_cast<std::size_t>(actual - 1)];
   }
-  tally_classes(table, y, py, k);
+  table = std::move(tally);
+}
+
+// Groups the cases by the node where the first pour landed them, with the
+// cases of each class (classes outside 1..k are not tallied).
+void PrunedPours::group_landings(std::span<const int> y, int n, int k) {
+  std::vector<int> landing_of(ids_.size(), -1);
+  landing_row_.clear();
+  landing_count_.clear();
+  for (int row = 1; row <= n; ++row) {
+    const int first = start_[static_cast<std::size_t>(row - 1)];
+    const int end = start_[static_cast<std::size_t>(row)];
+    if (first == end) continue;
+    const auto place = static_cast<std::size_t>(path_[static_cast<std::size_t>(end - 1)]);
+    if (landing_of[place] < 0) {
+      landing_of[place] = static_cast<int>(landing_row_.size());
+      landing_row_.push_back(row);
+      landing_count_.insert(landing_count_.end(), static_cast<std::size_t>(k), 0);
+    }
+    const int actual = y[static_cast<std::size_t>(row - 1)];
+    if (actual < 1 || actual > k) continue;
+    ++landing_count_[static_cast<std::size_t>(landing_of[place]) * static_cast<std::size_t>(k) +
+                     static_cast<std::size_t>(actual - 1)];
+  }
 }
 
 }  // namespace vardel

@@ -29,12 +29,15 @@ class PrunedPours {
 
  private:
   bool first_pour(FArray<int>& py, FArray<double>& x, const FArray<char>& mis, int n);
+  void group_landings(std::span<const int> y, int n, int k);
 
   bool walked_ = false;
   std::vector<int> ids_;      // node number of each place of the first tree
   std::vector<int> classes_;  // its class
   std::vector<int> start_;    // case r's path: places path_[start_[r - 1] .. start_[r])
   std::vector<int> path_;
+  std::vector<int> landing_row_;    // a case of each node the first pour landed cases on
+  std::vector<int> landing_count_;  // the cases of each class (k per landing node)
 };
 
 }  // namespace vardel
