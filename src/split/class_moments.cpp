@@ -1,11 +1,30 @@
 // meanss and meanss1: class means, grand mean and the three mean squares of
 // each predictor, over all cases or over the cases where it is present.
+//
+// Each column's sums are sequential chains in case order; a chain's speed is
+// the latency of its adds. A few neighbouring columns therefore go through
+// one loop over the cases together, each with its own accumulators, so that
+// their chains overlap; a group of columns is one shared task. How columns are
+// grouped never changes a result.
 #include "split/class_moments.hpp"
+
+#include <algorithm>
+#include <array>
+#include <cstdio>
+#include <cstdlib>
+#include <vector>
 
 #include "numerics/parallel_for.hpp"
 
 namespace vardel {
 namespace {
+
+// Guards the group width: columns that share one loop over the cases. Four
+// keeps every accumulator of the second pass in a register.
+constexpr int kGroup = 4;
+// Guards the task's fixed arrays: nodes with more classes than this keep
+// their class sums on the heap.
+constexpr int kFixedClasses = 8;
 
 // Gives mom the shape K by P unless it has it already.
 void shape(Moments& mom, int nclass, int nvar) {
@@ -27,126 +46,216 @@ double mean_square(double sum, int df) {
   return df > 0 ? sum / static_cast<double>(df) : 0.0;
 }
 
-// Moments of column j. Masked: only the cases with misind(i, j) == 'n' count,
-// and the class counts are those of these cases; otherwise noc_all and m_all
-// are the counts of all cases.
-template <bool kMasked>
-void column_moments(FMatrixView<const double> xdat, const FMatrixView<const char>* misind,
-                    std::span<const int> ydat, std::span<const int> noc_all, int m_all, int j,
-                    Moments& mom) {
+// Per-class values of a group's G columns: row(k)[c] for class k (1..K) and
+// column c (0..G-1) of the group. A class's G values lie side by side, so one
+// address serves the whole group. Fixed storage when K is small.
+template <class T, int G>
+class ClassRows {
+ public:
+  explicit ClassRows(int nclass) {
+    const std::size_t size = static_cast<std::size_t>(nclass) * G;
+    first_ = fixed_.data();
+    if (nclass > kFixedClasses) {
+      heap_.assign(size, T{});
+      first_ = heap_.data();
+    } else {
+      std::fill_n(first_, size, T{});
+    }
+    nclass_ = nclass;
+  }
+  ClassRows(const ClassRows&) = delete;
+  ClassRows& operator=(const ClassRows&) = delete;
+
+  T* row(int k) {
+#ifdef VARDEL_BOUNDS_CHECK
+    if (k < 1 || k > nclass_) {
+      std::fprintf(stderr, "ClassRows: class %d outside 1..%d\n", k, nclass_);
+      std::abort();
+    }
+#endif
+    return first_ + static_cast<std::ptrdiff_t>(k - 1) * G;
+  }
+
+ private:
+  std::array<T, kFixedClasses * G> fixed_;
+  std::vector<T> heap_;
+  T* first_;
+  int nclass_;
+};
+
+// Moments of the G columns j0 .. j0 + G - 1. Masked: only the cases with
+// misind(i, j) == 'n' count, and the class counts are those of these cases;
+// otherwise noc_all and m_all are the counts of all cases.
+template <bool kMasked, int G>
+void group_moments(FMatrixView<const double> xdat, const FMatrixView<const char>* misind,
+                   std::span<const int> ydat, std::span<const int> noc_all, int m_all, int j0,
+                   Moments& mom) {
   const int n_all = static_cast<int>(xdat.extent1());
   const int nclass = static_cast<int>(mom.xmean.extent1());
-  FView<const double> x(xdat.column(j));
   FView<const int> y(ydat);
+  std::array<FView<const double>, G> x;
+  std::array<FView<const char>, G> miss;
+  for (int c = 0; c < G; ++c) {
+    x[c] = xdat.column(j0 + c);
+    if constexpr (kMasked) miss[c] = misind->column(j0 + c);
+  }
   // Class sums and counts build up in the task's own arrays, copied to mom at
   // the end: columns of neighbouring tasks share cache lines in mom.
-  FArray<double> xmean(nclass, 0.0);
-  FArray<int> noc(nclass, 0);
+  ClassRows<double, G> xmean(nclass);
+  ClassRows<int, G> noc(nclass);
 
-  // Pass 1: class sums (kept in xmean until divided), total and counts.
-  for (int k = 1; k <= nclass; ++k) {
-    xmean(k) = 0.0;
-    noc(k) = kMasked ? 0 : noc_all[static_cast<std::size_t>(k - 1)];
-  }
-  double total = 0.0;
-  int n = n_all;
-  int m = m_all;
+  // Pass 1: class sums (kept in xmean until divided), totals and counts.
+  std::array<double, G> total{};
+  std::array<int, G> n{};
+  std::array<int, G> m{};
   if constexpr (kMasked) {
-    FView<const char> miss(misind->column(j));
-    n = 0;
     for (int i = 1; i <= n_all; ++i) {
-      if (miss(i) == 'y') continue;
-      xmean(y(i)) += x(i);
-      total += x(i);
-      ++noc(y(i));
-      ++n;
+      double* sum = xmean.row(y(i));
+      int* count = noc.row(y(i));
+      for (int c = 0; c < G; ++c) {
+        if (miss[c](i) == 'y') continue;
+        const double v = x[c](i);
+        sum[c] += v;
+        total[c] += v;
+        ++count[c];
+        ++n[c];
+      }
     }
-    m = 0;
-    for (int k = 1; k <= nclass; ++k) {
-      if (noc(k) > 0) ++m;
+    for (int c = 0; c < G; ++c) {
+      for (int k = 1; k <= nclass; ++k) {
+        if (noc.row(k)[c] > 0) ++m[c];
+      }
     }
   } else {
+    for (int c = 0; c < G; ++c) {
+      for (int k = 1; k <= nclass; ++k) noc.row(k)[c] = noc_all[static_cast<std::size_t>(k - 1)];
+      n[c] = n_all;
+      m[c] = m_all;
+    }
     for (int i = 1; i <= n_all; ++i) {
-      xmean(y(i)) += x(i);
-      total += x(i);
+      // The group's values are read before any class sum is written, so that
+      // the sums of one class can be updated side by side.
+      std::array<double, G> v;
+      for (int c = 0; c < G; ++c) v[c] = x[c](i);
+      double* sum = xmean.row(y(i));
+      for (int c = 0; c < G; ++c) {
+        sum[c] += v[c];
+        total[c] += v[c];
+      }
     }
   }
-  for (int k = 1; k <= nclass; ++k) {
-    if (noc(k) != 0) xmean(k) = xmean(k) / static_cast<double>(noc(k));
-  }
-  const double g = n > 0 ? total / static_cast<double>(n) : 0.0;
 
-  double between = 0.0;
-  for (int k = 1; k <= nclass; ++k) {
-    if (noc(k) == 0) continue;
-    const double d = xmean(k) - g;
-    between += static_cast<double>(noc(k)) * (d * d);
+  std::array<double, G> g;
+  std::array<double, G> between{};
+  for (int c = 0; c < G; ++c) {
+    for (int k = 1; k <= nclass; ++k) {
+      if (noc.row(k)[c] != 0)
+        xmean.row(k)[c] = xmean.row(k)[c] / static_cast<double>(noc.row(k)[c]);
+    }
+    g[c] = n[c] > 0 ? total[c] / static_cast<double>(n[c]) : 0.0;
+    for (int k = 1; k <= nclass; ++k) {
+      if (noc.row(k)[c] == 0) continue;
+      const double d = xmean.row(k)[c] - g[c];
+      between[c] += static_cast<double>(noc.row(k)[c]) * (d * d);
+    }
   }
 
   // Pass 2: squares about the class means and about the grand mean.
-  double within = 0.0;
-  double spread = 0.0;
-  if constexpr (kMasked) {
-    FView<const char> miss(misind->column(j));
-    for (int i = 1; i <= n_all; ++i) {
-      if (miss(i) == 'y') continue;
-      const double dw = x(i) - xmean(y(i));
-      within += dw * dw;
-      const double dt = x(i) - g;
-      spread += dt * dt;
-    }
-  } else {
-    for (int i = 1; i <= n_all; ++i) {
-      const double dw = x(i) - xmean(y(i));
-      within += dw * dw;
-      const double dt = x(i) - g;
-      spread += dt * dt;
+  std::array<double, G> within{};
+  std::array<double, G> spread{};
+  for (int i = 1; i <= n_all; ++i) {
+    const double* mean = xmean.row(y(i));
+    for (int c = 0; c < G; ++c) {
+      if constexpr (kMasked) {
+        if (miss[c](i) == 'y') continue;
+      }
+      const double v = x[c](i);
+      const double dw = v - mean[c];
+      within[c] += dw * dw;
+      const double dt = v - g[c];
+      spread[c] += dt * dt;
     }
   }
 
-  for (int k = 1; k <= nclass; ++k) {
-    mom.xmean(k, j) = xmean(k);
-    mom.noc_used(k, j) = noc(k);
+  for (int c = 0; c < G; ++c) {
+    const int j = j0 + c;
+    for (int k = 1; k <= nclass; ++k) {
+      mom.xmean(k, j) = xmean.row(k)[c];
+      mom.noc_used(k, j) = noc.row(k)[c];
+    }
+    mom.gmean(j) = g[c];
+    mom.mst(j) = mean_square(between[c], m[c] - 1);
+    mom.mse(j) = mean_square(within[c], n[c] - m[c]);
+    mom.tss(j) = mean_square(spread[c], n[c] - 1);
+    mom.n_used(j) = n[c];
+    mom.m_used(j) = m[c];
   }
-  mom.gmean(j) = g;
-  mom.mst(j) = mean_square(between, m - 1);
-  mom.mse(j) = mean_square(within, n - m);
-  mom.tss(j) = mean_square(spread, n - 1);
-  mom.n_used(j) = n;
-  mom.m_used(j) = m;
+}
+
+// group_moments for the `width` (1..G) columns from j0.
+template <bool kMasked, int G = kGroup>
+void columns_moments(int width, FMatrixView<const double> xdat,
+                     const FMatrixView<const char>* misind, std::span<const int> ydat,
+                     std::span<const int> noc_all, int m_all, int j0, Moments& mom) {
+  if constexpr (G > 1) {
+    if (width < G) {
+      columns_moments<kMasked, G - 1>(width, xdat, misind, ydat, noc_all, m_all, j0, mom);
+      return;
+    }
+  }
+  group_moments<kMasked, G>(xdat, misind, ydat, noc_all, m_all, j0, mom);
+}
+
+// The moments of every column, in groups of at most kGroup neighbouring
+// columns, one task each. With several threads the group count is a multiple
+// of theirs and the widths differ by at most one, so that the threads finish
+// together.
+template <bool kMasked>
+void all_moments(FMatrixView<const double> xdat, const FMatrixView<const char>* misind,
+                 std::span<const int> ydat, std::span<const int> noc_all, int m_all, Moments& mom) {
+  const int nvar = static_cast<int>(xdat.extent2());
+  if (nvar < 1) return;
+  int groups = (nvar + kGroup - 1) / kGroup;
+  const int threads = parallel_threads();
+  if (groups > 1 && threads > 1)
+    groups = std::min(nvar, (groups + threads - 1) / threads * threads);
+  const int base = nvar / groups;
+  const int wider = nvar % groups;  // the first groups take one column more
+  auto first_column = [&](int group) {
+    return 1 + (group - 1) * base + std::min(group - 1, wider);
+  };
+  const std::size_t steps = static_cast<std::size_t>(xdat.extent1()) * kGroup;
+  parallel_for(1, groups, steps, [&](std::ptrdiff_t group) {
+    const int j0 = first_column(static_cast<int>(group));
+    const int width = first_column(static_cast<int>(group) + 1) - j0;
+    columns_moments<kMasked>(width, xdat, misind, ydat, noc_all, m_all, j0, mom);
+  });
 }
 
 }  // namespace
 
 void meanss(FMatrixView<const double> xdat, std::span<const int> ydat, std::span<const int> noc,
             int m, Moments& mom) {
-  const int nvar = static_cast<int>(xdat.extent2());
-  shape(mom, static_cast<int>(noc.size()), nvar);
-  // Each column's sums run in case order within one task.
-  parallel_for(1, nvar, static_cast<std::size_t>(xdat.extent1()), [&](std::ptrdiff_t j) {
-    column_moments<false>(xdat, nullptr, ydat, noc, m, static_cast<int>(j), mom);
-  });
+  shape(mom, static_cast<int>(noc.size()), static_cast<int>(xdat.extent2()));
+  all_moments<false>(xdat, nullptr, ydat, noc, m, mom);
 }
 
 void meanss_column(FMatrixView<const double> xdat, std::span<const int> ydat,
                    std::span<const int> noc, int m, int j, Moments& mom) {
   shape(mom, static_cast<int>(noc.size()), static_cast<int>(xdat.extent2()));
-  column_moments<false>(xdat, nullptr, ydat, noc, m, j, mom);
+  group_moments<false, 1>(xdat, nullptr, ydat, noc, m, j, mom);
 }
 
 void meanss1(FMatrixView<const double> xdat, FMatrixView<const char> misind,
              std::span<const int> ydat, int nclass, Moments& mom) {
-  const int nvar = static_cast<int>(xdat.extent2());
-  shape(mom, nclass, nvar);
-  parallel_for(1, nvar, static_cast<std::size_t>(xdat.extent1()), [&](std::ptrdiff_t j) {
-    column_moments<true>(xdat, &misind, ydat, {}, 0, static_cast<int>(j), mom);
-  });
+  shape(mom, nclass, static_cast<int>(xdat.extent2()));
+  all_moments<true>(xdat, &misind, ydat, {}, 0, mom);
 }
 
 void meanss1_column(FMatrixView<const double> xdat, FMatrixView<const char> misind,
                     std::span<const int> ydat, int nclass, int j, Moments& mom) {
   shape(mom, nclass, static_cast<int>(xdat.extent2()));
-  column_moments<true>(xdat, &misind, ydat, {}, 0, j, mom);
+  group_moments<true, 1>(xdat, &misind, ydat, {}, 0, j, mom);
 }
 
 }  // namespace vardel
