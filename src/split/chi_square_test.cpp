@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "numerics/chi_squared.hpp"
+#include "numerics/parallel_for.hpp"
 #include "numerics/round_to_long.hpp"
 #include "run/stop.hpp"
 
@@ -24,6 +25,8 @@ struct Table {
 struct ChiSquare {
   double x = 0.0;
   double p = 1.0;
+  bool bad = false;  // a code outside the column's range was met: bad_value
+  double bad_value = 0.0;
 };
 
 [[noreturn]] void bad_code(int column, double value) {
@@ -54,7 +57,7 @@ ChiSquare test_column(FMatrixView<const double> xdat, const FMatrixView<const ch
     for (int i = 1; i <= n_all; ++i) {
       if (miss(i) == 'y') continue;
       const long code = round_to_long(x(i));
-      if (code < 1 || code > ncodes) bad_code(j, x(i));
+      if (code < 1 || code > ncodes) return {0.0, 1.0, true, x(i)};
       ++tab.obs(y(i), code);
       ++tab.noc(y(i));
       ++n;
@@ -62,7 +65,7 @@ ChiSquare test_column(FMatrixView<const double> xdat, const FMatrixView<const ch
   } else {
     for (int i = 1; i <= n_all; ++i) {
       const long code = round_to_long(x(i));
-      if (code < 1 || code > ncodes) bad_code(j, x(i));
+      if (code < 1 || code > ncodes) return {0.0, 1.0, true, x(i)};
       ++tab.obs(y(i), code);
     }
     for (int k = 1; k <= nclass; ++k) tab.noc(k) = noc_all[static_cast<std::size_t>(k - 1)];
@@ -98,19 +101,41 @@ ChiSquare test_column(FMatrixView<const double> xdat, const FMatrixView<const ch
   return {chisq, 1.0 - chi_squared(df, chisq)};
 }
 
+// The tests of the categorical columns, one task per column; the run ends at
+// the first column (in column order) that holds a code outside its range.
+template <bool kMasked>
+std::vector<ChiSquare> test_columns(FMatrixView<const double> xdat,
+                                    const FMatrixView<const char>* misind,
+                                    std::span<const int> ydat, std::span<const int> noc_all,
+                                    int m_all, int nclass, std::span<const int> catpos,
+                                    std::span<const int> numcat) {
+  FView<const int> pos(catpos);
+  FView<const int> ncodes(numcat);
+  std::vector<ChiSquare> results(static_cast<std::size_t>(pos.size()));
+  parallel_for(1, pos.size(), static_cast<std::size_t>(xdat.extent1()), [&](std::ptrdiff_t c) {
+    Table tab;
+    tab.noc.assign(nclass, 0);
+    results[static_cast<std::size_t>(c - 1)] =
+        test_column<kMasked>(xdat, misind, ydat, noc_all, m_all, pos(c), ncodes(c), tab);
+  });
+  for (int c = 1; c <= pos.size(); ++c) {
+    const ChiSquare& r = results[static_cast<std::size_t>(c - 1)];
+    if (r.bad) bad_code(pos(c), r.bad_value);
+  }
+  return results;
+}
+
 template <bool kMasked>
 Pick best_of(FMatrixView<const double> xdat, const FMatrixView<const char>* misind,
              std::span<const int> ydat, std::span<const int> noc_all, int m_all, int nclass,
              std::span<const int> catpos, std::span<const int> numcat) {
   FView<const int> pos(catpos);
-  FView<const int> ncodes(numcat);
   if (pos.size() == 0) return {};
-  Table tab;
-  tab.noc.assign(nclass, 0);
+  const std::vector<ChiSquare> results =
+      test_columns<kMasked>(xdat, misind, ydat, noc_all, m_all, nclass, catpos, numcat);
   Pick best{pos(1), kUntestedP, 0.0};
   for (int c = 1; c <= pos.size(); ++c) {
-    const ChiSquare r =
-        test_column<kMasked>(xdat, misind, ydat, noc_all, m_all, pos(c), ncodes(c), tab);
+    const ChiSquare& r = results[static_cast<std::size_t>(c - 1)];
     if (displaces(r.p, r.x, best)) best = {pos(c), r.p, r.x};
   }
   return best;
@@ -138,11 +163,11 @@ TwoBest chi_sq5(FMatrixView<const double> xdat, FMatrixView<const char> misind,
   std::vector<double> p(nvar, kUntestedP);
   std::vector<double> x(nvar, 0.0);
   std::vector<char> vtype(nvar, 'n');
-  Table tab;
-  tab.noc.assign(nclass, 0);
+  const std::vector<ChiSquare> results =
+      test_columns<true>(xdat, &misind, ydat, {}, 0, nclass, catpos, numcat);
   for (int c = 1; c <= pos.size(); ++c) {
     const auto at = static_cast<std::size_t>(pos(c) - 1);
-    const ChiSquare r = test_column<true>(xdat, &misind, ydat, {}, 0, pos(c), ncodes(c), tab);
+    const ChiSquare& r = results[static_cast<std::size_t>(c - 1)];
     p[at] = r.p;
     x[at] = r.x;
     vtype[at] = 'c';
