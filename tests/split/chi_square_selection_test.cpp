@@ -37,6 +37,14 @@ TEST(ChiSquare, EmptyCellsAndColumnsByHand) {
   EXPECT_EQ(pick.stat, 4.0);
   EXPECT_NEAR(pick.p, std::exp(-2.0), 1e-15);
   EXPECT_THROW(chi_sq(xm, ym, Ints{3, 5, 0}, 2, Ints{2}, Ints{4}), RunStopped);
+
+  // Bad codes in two columns: only the first column in order is reported,
+  // however the columns were shared out.
+  const FArray<double> xb = columns({{1, 2, 9, 2, 1, 2, 1, 2}, {1, 1, 2, 2, 4, 4, 7, 0}});
+  testing::internal::CaptureStdout();
+  EXPECT_THROW(chi_sq(xb, ym, Ints{3, 5, 0}, 2, Ints{1, 2}, Ints{2, 4}), RunStopped);
+  EXPECT_EQ(testing::internal::GetCapturedStdout(),
+            "Category code 9 of variable 1 is outside its range; cannot split.\n");
 }
 
 TEST(ChiSquare, ExpectedCountsAreWorkedInSinglePrecision) {
