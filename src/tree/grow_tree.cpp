@@ -25,11 +25,13 @@ constexpr double kTestCodeL = 76.0;  // character code of "L"
 
 // Growth's table: the tree's cases once each. Its rows are reordered as
 // nodes split, so that every node's cases are one block of rows, in case
-// order; cases[r - 1] is the case (in the sample) on row r.
+// order; cases[r - 1] is the case (in the sample) on row r and classes[r - 1]
+// its class.
 struct GrowthTable {
   FArray<double> x;
   FArray<char> mis;
   std::vector<int> cases;
+  std::vector<int> classes;
 };
 
 // What growth keeps of a finished node until the tree is stored.
@@ -167,12 +169,13 @@ void ldfuni_fit(Growth& g, int t, int lo, int n) {
   const std::span<int> cases =
       std::span<int>(table.cases)
           .subspan(static_cast<std::size_t>(lo), static_cast<std::size_t>(n));
+  const std::span<int> classes =
+      std::span<int>(table.classes)
+          .subspan(static_cast<std::size_t>(lo), static_cast<std::size_t>(n));
   node.ydat.assign(n, 0);
+  std::copy(classes.begin(), classes.end(), node.ydat.begin());
   node.noc.assign(k_classes, 0);
-  for (int r = 1; r <= n; ++r) {
-    node.ydat(r) = g.y(cases[static_cast<std::size_t>(r - 1)]);
-    ++node.noc(node.ydat(r));
-  }
+  for (int c : classes) ++node.noc(c);
   int m = 0;
   for (int c : node.noc) m += c > 0;
   node.m = m;
@@ -251,16 +254,17 @@ void ldfuni_fit(Growth& g, int t, int lo, int n) {
       std::vector<int> dest(static_cast<std::size_t>(n));
       {
         std::vector<int> next = start;
-        std::vector<int> moved(static_cast<std::size_t>(n));
-        for (int r = 1; r <= n; ++r) {
-          const int k = split.py(r);
-          const int i = cases[static_cast<std::size_t>(r - 1)];
-          g.termnode(i) = child_of(t, k, k_classes);
-          const int to = next[static_cast<std::size_t>(k - 1)]++;
-          dest[static_cast<std::size_t>(r - 1)] = to;
-          moved[static_cast<std::size_t>(to)] = i;
+        std::vector<int> moved_cases(static_cast<std::size_t>(n));
+        std::vector<int> moved_classes(static_cast<std::size_t>(n));
+        for (std::size_t r = 0; r < dest.size(); ++r) {
+          const int k = split.py(static_cast<FArray<int>::Index>(r + 1));
+          const auto to = static_cast<std::size_t>(next[static_cast<std::size_t>(k - 1)]++);
+          dest[r] = static_cast<int>(to);
+          moved_cases[to] = cases[r];
+          moved_classes[to] = classes[r];
         }
-        std::copy(moved.begin(), moved.end(), cases.begin());
+        std::copy(moved_cases.begin(), moved_cases.end(), cases.begin());
+        std::copy(moved_classes.begin(), moved_classes.end(), classes.begin());
       }
       const bool any_missing = g.any_missing && holds(node.misind, 'y');
       node = NodeSample{};
@@ -282,6 +286,8 @@ void ldfuni_fit(Growth& g, int t, int lo, int n) {
   record.clear();
   pack_counts(record, n, iclass, rt, node.noc);
   g.keep(t, std::move(grown));
+  // A case's node is the terminal node it ends in.
+  for (int i : cases) g.termnode(i) = t;
 }
 
 // The class of node t, a tie settled against its siblings as they stand when
@@ -379,6 +385,8 @@ void restore_case_order(FArray<T>& table, const std::vector<int>& cases) {
 
 // Grows the tree from the table, keeping the finished nodes, then stores it.
 void grow_and_store(Growth& g) {
+  g.table.classes.resize(g.table.cases.size());
+  for (std::size_t r = 0; r < g.table.cases.size(); ++r) g.table.classes[r] = g.y(g.table.cases[r]);
   g.any_missing = std::find(g.table.mis.begin(), g.table.mis.end(), 'y') != g.table.mis.end();
   const int n = static_cast<int>(g.table.cases.size());
   ldfuni_fit(g, 1, 0, n);
