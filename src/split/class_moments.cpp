@@ -112,13 +112,15 @@ void group_moments(FMatrixView<const double> xdat, const FMatrixView<const char>
     for (int i = 1; i <= n_all; ++i) {
       double* sum = xmean.row(y(i));
       int* count = noc.row(y(i));
+      // A missing cell adds +0.0, which leaves a sum as it is (a sum that
+      // starts at +0.0 is never -0.0): no branch to mispredict.
       for (int c = 0; c < G; ++c) {
-        if (miss[c](i) == 'y') continue;
-        const double v = x[c](i);
+        const bool present = miss[c](i) != 'y';
+        const double v = present ? x[c](i) : 0.0;
         sum[c] += v;
         total[c] += v;
-        ++count[c];
-        ++n[c];
+        count[c] += present;
+        n[c] += present;
       }
     }
     for (int c = 0; c < G; ++c) {
@@ -166,14 +168,18 @@ void group_moments(FMatrixView<const double> xdat, const FMatrixView<const char>
   for (int i = 1; i <= n_all; ++i) {
     const double* mean = xmean.row(y(i));
     for (int c = 0; c < G; ++c) {
-      if constexpr (kMasked) {
-        if (miss[c](i) == 'y') continue;
-      }
       const double v = x[c](i);
       const double dw = v - mean[c];
-      within[c] += dw * dw;
       const double dt = v - g[c];
-      spread[c] += dt * dt;
+      if constexpr (kMasked) {
+        // As in pass 1, a missing cell adds +0.0.
+        const bool present = miss[c](i) != 'y';
+        within[c] += present ? dw * dw : 0.0;
+        spread[c] += present ? dt * dt : 0.0;
+      } else {
+        within[c] += dw * dw;
+        spread[c] += dt * dt;
+      }
     }
   }
 
