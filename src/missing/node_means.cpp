@@ -120,7 +120,8 @@ void meanmode_sub(FMatrixView<double> xdat, std::span<const int> cdat,
 }
 
 void fill_node_missing(FMatrixView<double> xdat, std::span<const int> cdat,
-                       FMatrixView<const char> misind, std::span<const int> noc, int n) {
+                       FMatrixView<const char> misind, std::span<const int> noc, int n,
+                       const Moments* present) {
   const Init& in = init();
   const int classes = static_cast<int>(noc.size());
   const FArray<int> ordinal = categorical_ordinals(in);
@@ -130,8 +131,13 @@ void fill_node_missing(FMatrixView<double> xdat, std::span<const int> cdat,
     const int numcat = ordinal(j) > 0 ? in.numcat(ordinal(j)) : 0;
     std::vector<double> centre, sums;
     std::vector<int> counts;
-    column_centres(xdat, cdat, misind, n, static_cast<int>(j), numcat, classes, centre, sums,
-                   counts);
+    if (numcat == 0 && present != nullptr) {
+      centre.assign(static_cast<std::size_t>(classes) + 1, 0.0);
+      for (int k = 1; k <= classes; ++k) centre[static_cast<std::size_t>(k)] = present->xmean(k, j);
+    } else {
+      column_centres(xdat, cdat, misind, n, static_cast<int>(j), numcat, classes, centre, sums,
+                     counts);
+    }
     const std::span<double> x = xdat.column(j);
     for (std::size_t i = 0; i < flags.size(); ++i) {
       if (flags[i] == 'n') continue;

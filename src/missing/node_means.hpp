@@ -11,7 +11,9 @@
 // meanmode_sub: as getmeanmode, then fills each missing cell of xdat with the
 //   centre of its case's class (0 where that class has no present value).
 // fill_node_missing: the same filling, with the centres worked out only for
-//   the predictors that have a missing cell among the n cases.
+//   the predictors that have a missing cell among the n cases; a numerical
+//   predictor's class means are taken from `present` (meanss1 of the same
+//   cases, whose class means are these centres) when given.
 // fill_missing_cells: that filling alone, from centres getmeanmode has given
 //   for the same cases.
 #pragma once
@@ -19,6 +21,7 @@
 #include <span>
 
 #include "numerics/farray.hpp"
+#include "split/class_moments.hpp"
 
 namespace vardel {
 
@@ -34,7 +37,8 @@ void meanmode_sub(FMatrixView<double> xdat, std::span<const int> cdat,
                   FArray<double>& grand, FArray<double>& meanmode);
 
 void fill_node_missing(FMatrixView<double> xdat, std::span<const int> cdat,
-                       FMatrixView<const char> misind, std::span<const int> noc, int n);
+                       FMatrixView<const char> misind, std::span<const int> noc, int n,
+                       const Moments* present = nullptr);
 
 void fill_missing_cells(FMatrixView<double> xdat, std::span<const int> cdat,
                         FMatrixView<const char> misind, int n, const FArray<double>& meanmode);

@@ -71,6 +71,7 @@ struct TestView {
   FMatrixView<const char> mis;
   const FArray<int>& noc;
   int m;
+  const Moments* present = nullptr;  // meanss1 of these cases, if known
 };
 
 TestSet complete_cases(const NodeSample& node, int p, int k_classes) {
@@ -127,7 +128,10 @@ Choice choose_variable(const Init& in, const Traits& tr, const TestView& t, Mome
     if (ncat > 0)
       pc = chi_sq(t.x, t.y.span(), t.noc.span(), t.m, in.catpos.span(), in.numcat.span());
   } else if (tr.tests == Tests::per_variable) {
-    meanss1(t.x, t.mis, t.y.span(), in.nclass, mom);
+    if (t.present != nullptr)
+      mom = *t.present;
+    else
+      meanss1(t.x, t.mis, t.y.span(), in.nclass, mom);
     if (numerical) pf = select3(mom, vtype);
     if (ncat > 0)
       pc = chi_sq1(t.x, t.mis, t.y.span(), in.nclass, in.catpos.span(), in.numcat.span());
@@ -135,6 +139,8 @@ Choice choose_variable(const Init& in, const Traits& tr, const TestView& t, Mome
     if (tr.fit == FitSet::complete && numerical) {
       // Complete cases: the two forms of the moments agree; the fit reads meanss's.
       meanss(t.x, t.y.span(), t.noc.span(), t.m, mom);
+    } else if (t.present != nullptr) {
+      mom = *t.present;
     } else {
       meanss1(t.x, t.mis, t.y.span(), in.nclass, mom);
     }
@@ -275,6 +281,11 @@ double coordinate_of(const FArray<double>& a, double code) {
 
 }  // namespace
 
+bool tests_on_present_values(Member member) {
+  const Traits tr = traits_of(member);
+  return tr.fit != FitSet::complete && tr.tests != Tests::common;
+}
+
 SplitResult classify(Member member, const NodeSample& node) {
   const Init& in = init();
   const Traits tr = traits_of(member);
@@ -299,7 +310,7 @@ SplitResult classify(Member member, const NodeSample& node) {
   const TestView view =
       tr.fit == FitSet::complete
           ? TestView{complete.x, complete.y, complete.mis, complete.noc, complete.m}
-          : TestView{node.xdat, node.ydat, node.misind, node.noc, node.m};
+          : TestView{node.xdat, node.ydat, node.misind, node.noc, node.m, node.present_moments};
   Moments mom;
   const Choice ch = choose_variable(in, tr, view, mom);
   s.var = ch.var;
@@ -412,8 +423,9 @@ SplitResult exhaust0(const NodeSample& node) {
   const Init& in = init();
   const Traits tr{FitSet::available, Tests::ranked, Levene::select6, false};
   Moments mom;
-  const Choice ch =
-      choose_variable(in, tr, TestView{node.xdat, node.ydat, node.misind, node.noc, node.m}, mom);
+  const Choice ch = choose_variable(
+      in, tr, TestView{node.xdat, node.ydat, node.misind, node.noc, node.m, node.present_moments},
+      mom);
   const double gmean = ch.var > 0 && ch.var <= mom.gmean.size() ? mom.gmean(ch.var) : 0.0;
   ExhaustResult e;
   if (ch.test == 'L') {

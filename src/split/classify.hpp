@@ -22,6 +22,9 @@ namespace vardel {
 enum class Member { c0, c1, c3, c15, c25, c5 };
 
 SplitResult classify(Member member, const NodeSample& node);
+// Whether the member's tests read the moments over the present values of all
+// the node's cases, which NodeSample::present_moments may hand it.
+bool tests_on_present_values(Member member);
 
 // Two classes, split by exhaustive search: exhaust0 chooses the variable by
 // the tests of the 1D method (on each variable's available cases, with the

@@ -8,6 +8,7 @@
 #pragma once
 
 #include "numerics/farray.hpp"
+#include "split/class_moments.hpp"
 
 namespace vardel {
 
@@ -22,6 +23,9 @@ struct NodeSample {
   FArray<double> prob;       // K priors of the run
   FArray<int> csize;         // K class counts of the sample the tree is grown on
   int nobs = 0;              // cases of that sample
+  // The moments over the present values of the node's cases (meanss1), when
+  // growth has worked them out already; they do not depend on filled cells.
+  const Moments* present_moments = nullptr;
 };
 
 struct SplitResult {

@@ -199,8 +199,18 @@ void ldfuni_fit(Growth& g, int t, int lo, int n) {
   std::vector<double>& record = grown.record;
   if (!stop) {
     const Dispatch d = dispatch(in);
+    // Tests on the present values read the same class means the filling
+    // needs: worked out once, before the filling (which they do not see).
+    Moments present;
+    if ((d.search == Search::exhaust0 ||
+         (d.search == Search::classify && tests_on_present_values(d.member))) &&
+        g.any_missing) {
+      meanss1(node.xdat, node.misind, node.ydat.span(), k_classes, present);
+      node.present_moments = &present;
+    }
     if (d.node_means && g.any_missing)
-      fill_node_missing(node.xdat, node.ydat.span(), node.misind, node.noc.span(), n);
+      fill_node_missing(node.xdat, node.ydat.span(), node.misind, node.noc.span(), n,
+                        node.present_moments);
     node.prob = g.prob;
     node.csize = g.csize;
     node.nobs = g.nobs;
