@@ -79,13 +79,21 @@ void cv_prune(const FArray<double>& x, const FArray<int>& y, const FArray<char>&
 
   TreeStore& store = tree_store();
   cv_progress_start(v);
+  // The storage of one fold's learning tables, handed on to the next fold's.
+  FArray<double> spare_x;
+  FArray<char> spare_mis;
   for (int f = 1; f <= v; ++f) {
     store.finish();
     store.restart();
     // The test part is taken once the growth has let go of the learning part.
-    FoldData fold = select_fold_learning(f, mcv.span(), x, y.span(), mis);
+    FoldData fold;
+    fold.x = std::move(spare_x);
+    fold.mis = std::move(spare_mis);
+    select_fold_learning(f, mcv.span(), x, y.span(), mis, fold);
     const FArray<double> prob = fold_priors(in.priortype, fold.y.span(), in.nclass, in.prob);
     grow_tree(std::move(fold.x), fold.y, std::move(fold.mis), prob, fold.termnode);
+    spare_x = std::move(fold.x);
+    spare_mis = std::move(fold.mis);
     select_fold_test(f, mcv.span(), x, y.span(), mis, fold);
     ClassTables q(in.nclass, pa.nsubtrees);
     cv_test(fold.xcv, fold.ycv.span(), fold.miscv, q);

@@ -61,9 +61,14 @@ FoldData select_prune_cv_data(int fold, std::span<const int> mcv, const FArray<d
 FoldData select_fold_learning(int fold, std::span<const int> mcv, const FArray<double>& x,
                               std::span<const int> y, const FArray<char>& mis) {
   FoldData d;
+  select_fold_learning(fold, mcv, x, y, mis, d);
+  return d;
+}
+
+void select_fold_learning(int fold, std::span<const int> mcv, const FArray<double>& x,
+                          std::span<const int> y, const FArray<char>& mis, FoldData& d) {
   select_part(fold, false, mcv, x, y, mis, d.x, d.y, d.mis);
   d.termnode.assign(d.nlearn(), 1);
-  return d;
 }
 
 void select_fold_test(int fold, std::span<const int> mcv, const FArray<double>& x,

@@ -41,6 +41,9 @@ FoldData select_prune_cv_data(int fold, std::span<const int> mcv, const FArray<d
 // FoldData, the test part into d, so that a fold need not hold both at once.
 FoldData select_fold_learning(int fold, std::span<const int> mcv, const FArray<double>& x,
                               std::span<const int> y, const FArray<char>& mis);
+// The same into d, whose learning tables' storage is reused when large enough.
+void select_fold_learning(int fold, std::span<const int> mcv, const FArray<double>& x,
+                          std::span<const int> y, const FArray<char>& mis, FoldData& d);
 void select_fold_test(int fold, std::span<const int> mcv, const FArray<double>& x,
                       std::span<const int> y, const FArray<char>& mis, FoldData& d);
 

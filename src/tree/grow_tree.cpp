@@ -462,6 +462,8 @@ void grow_tree(FArray<double>&& x, const FArray<int>& y, FArray<char>&& misind,
     g.table.mis = gather_rows(misind, g.table.cases, 'n');
   }
   grow_and_store(g);
+  x = std::move(g.table.x);
+  misind = std::move(g.table.mis);
 }
 
 void grow_tree_in_place(FArray<double>& x, const FArray<int>& y, FArray<char>& misind,

@@ -16,7 +16,9 @@ namespace vardel {
 void grow_tree(const FArray<double>& x, const FArray<int>& y, const FArray<char>& misind,
                const FArray<double>& prob, FArray<int>& termnode);
 // As above, for a sample the caller no longer needs: when every case starts
-// at the root, the root takes x and misind over instead of a copy.
+// at the root, growth takes x and misind over instead of a copy. On return
+// they hold growth's table storage, its rows in no useful order: a caller
+// may reuse it.
 void grow_tree(FArray<double>&& x, const FArray<int>& y, FArray<char>&& misind,
                const FArray<double>& prob, FArray<int>& termnode);
 // As the first, without a copy of the sample at the root: when every case
