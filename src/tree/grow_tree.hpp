@@ -4,9 +4,10 @@
 // grow_tree: the cases' predictors x (nobs by P), classes y, missing flags,
 // the priors, and the node of each case, all 1 at the start. On return the
 // tree is in the store (which the caller has started) and termnode holds
-// each case's terminal node. Nodes are finished depth first, subnode 1
-// first, a parent before its children; child k of node t is numbered
-// (t - 1) K + k + 1.
+// each case's terminal node. Subtrees grow side by side on the threads of
+// the pool, but the store gets the nodes depth first, subnode 1 first, a
+// parent before its children, and every node comes out as if the tree had
+// been grown in that order; child k of node t is numbered (t - 1) K + k + 1.
 #pragma once
 
 #include "numerics/farray.hpp"
