@@ -22,10 +22,10 @@ void grow_tree(const FArray<double>& x, const FArray<int>& y, const FArray<char>
 // may reuse it.
 void grow_tree(FArray<double>&& x, const FArray<int>& y, FArray<char>&& misind,
                const FArray<double>& prob, FArray<int>& termnode);
-// As the first, without a copy of the sample at the root: when every case
-// starts there, the root borrows x and misind and gives them back once its
-// children have their tables. On return (also when the run stops) they are
-// as they were, the root's filled missing cells put back.
+// As the first, without a copy of the sample: when every case starts at the
+// root, growth borrows x and misind as its table. On return (also when the
+// run stops) they are as they were: rows back in case order, filled missing
+// cells put back.
 void grow_tree_in_place(FArray<double>& x, const FArray<int>& y, FArray<char>& misind,
                         const FArray<double>& prob, FArray<int>& termnode);
 
