@@ -22,6 +22,17 @@
 
 namespace vardel {
 
+// Stops the program when index i is outside 1..n, in builds with bounds checks.
+inline void check_index([[maybe_unused]] const char* type, [[maybe_unused]] std::ptrdiff_t i,
+                        [[maybe_unused]] std::ptrdiff_t n) {
+#ifdef VARDEL_BOUNDS_CHECK
+  if (i < 1 || i > n) {
+    std::fprintf(stderr, "%s: index %td outside 1..%td\n", type, i, n);
+    std::abort();
+  }
+#endif
+}
+
 template <class T>
 class FArray {
  public:
@@ -102,14 +113,7 @@ class FArray {
 
  private:
   static std::size_t to_size(Index n) { return n > 0 ? static_cast<std::size_t>(n) : 0; }
-  static void check([[maybe_unused]] Index i, [[maybe_unused]] Index n) {
-#ifdef VARDEL_BOUNDS_CHECK
-    if (i < 1 || i > n) {
-      std::fprintf(stderr, "FArray: index %td outside 1..%td\n", i, n);
-      std::abort();
-    }
-#endif
-  }
+  static void check(Index i, Index n) { check_index("FArray", i, n); }
 
   std::vector<T> v_;
   Index n1_ = 0;
@@ -127,23 +131,12 @@ class FView {
   FView(T* p, Index n) : s_(p, static_cast<std::size_t>(n)) {}
 
   T& operator()(Index i) const {
-#ifdef VARDEL_BOUNDS_CHECK
-    if (i < 1 || i > size()) {
-      std::fprintf(stderr, "FView: index %td outside 1..%td\n", i, size());
-      std::abort();
-    }
-#endif
+    check_index("FView", i, size());
     return s_[static_cast<std::size_t>(i - 1)];
   }
-  Index size() const {
-    return static_cast<Index>(s_.size());
-  }
-  std::span<T> span() const {
-    return s_;
-  }
-  T* data() const {
-    return s_.data();
-  }
+  Index size() const { return static_cast<Index>(s_.size()); }
+  std::span<T> span() const { return s_; }
+  T* data() const { return s_.data(); }
 
  private:
   std::span<T> s_;
@@ -188,14 +181,7 @@ class FMatrixView {
   FMatrixView rows(Index r0, Index n) const { return FMatrixView(p_ + r0, n, n2_, stride_); }
 
  private:
-  static void check([[maybe_unused]] Index i, [[maybe_unused]] Index n) {
-#ifdef VARDEL_BOUNDS_CHECK
-    if (i < 1 || i > n) {
-      std::fprintf(stderr, "FMatrixView: index %td outside 1..%td\n", i, n);
-      std::abort();
-    }
-#endif
-  }
+  static void check(Index i, Index n) { check_index("FMatrixView", i, n); }
 
   T* p_ = nullptr;
   Index n1_ = 0;
