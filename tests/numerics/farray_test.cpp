@@ -33,5 +33,22 @@ TEST(FView, WindowStartsAtOne) {
   EXPECT_EQ(y(7), 2.5);
 }
 
+TEST(FMatrixView, BlockOfRowsKeepsTheTableColumnStride) {
+  FArray<int> a(5, 3, 0);
+  for (int f = 1; f <= 15; ++f) a(f) = f;
+  const FMatrixView<int> block = FMatrixView<int>(a).rows(1, 3);  // rows 2..4
+  EXPECT_EQ(block.extent1(), 3);
+  EXPECT_EQ(block.extent2(), 3);
+  EXPECT_EQ(block(1, 1), 2);
+  EXPECT_EQ(block(3, 3), 14);
+  EXPECT_EQ(block.column(2).front(), 7);
+  EXPECT_EQ(block.column(2).size(), 3u);
+  block(2, 3) = -1;
+  EXPECT_EQ(a(3, 3), -1);
+  const FMatrixView<const int> shown = block;  // read-only view of the same block
+  EXPECT_EQ(shown(2, 3), -1);
+  EXPECT_EQ(shown.rows(2, 1)(1, 1), 4);
+}
+
 }  // namespace
 }  // namespace vardel
