@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <cstring>
+#include <ostream>
 #include <random>
 #include <vector>
 
@@ -79,6 +80,11 @@ struct Shape {
   int n, nclass, nvar;
   double missing;  // share of missing cells
 };
+
+// Names the shape in test listings (the default shows its bytes, padding included).
+void PrintTo(const Shape& s, std::ostream* os) {
+  *os << "n" << s.n << "_K" << s.nclass << "_P" << s.nvar << "_missing" << s.missing;
+}
 
 class ClassMomentsBits : public testing::TestWithParam<Shape> {};
 
