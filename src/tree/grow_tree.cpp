@@ -154,6 +154,63 @@ bool holds(FMatrixView<const char> mis, char v) {
   return false;
 }
 
+// The split's part of a node record, after the counts.
+void pack_split(std::vector<double>& record, const SplitResult& split, const FArray<double>& grand,
+                const FArray<double>& meanmode) {
+  const Init& in = init();
+  for (int k = 1; k <= in.nclass; ++k) record.push_back(meanmode(k, split.var));
+  record.push_back(grand(split.var));
+  record.push_back(split.var);
+  record.push_back(in.varsel == 2 ? (split.test == 'L' ? kTestCodeL : kTestCodeF) : 0.0);
+  record.insert(record.end(), static_cast<std::size_t>(in.nvar), 0.0);  // fk
+  record.push_back(split.c > 0 ? static_cast<double>(split.c) : split.gmean);
+  if (split.c > 0) {
+    for (int v : split.ncutcat) record.push_back(v);
+    for (int v : split.cutcat) record.push_back(v);
+  } else {
+    for (double v : split.cutpt) record.push_back(v);
+  }
+  if (in.impprune == 5 || in.impprune == 6) {
+    record.push_back(split.alt_var);
+    for (double v : split.coef5) record.push_back(v);  // K by 2, column by column
+    record.push_back(split.c5);
+    for (double v : split.crimcord5) record.push_back(v);
+  }
+}
+
+// Makes each subnode's cases one block of rows of the node's block (rows
+// lo + 1 .. lo + n, py(r) the subnode of row r), in case order: a stable
+// reordering of the rows by subnode. start and size: each subnode's block,
+// counted from lo. The missing flags move too when the block has any.
+void split_block(GrowthTable& table, int lo, const FArray<int>& py, bool move_flags,
+                 std::vector<int>& start, std::vector<int>& size) {
+  const int k_classes = init().nclass;
+  const auto n = static_cast<std::size_t>(py.size());
+  size.assign(static_cast<std::size_t>(k_classes), 0);
+  for (int k : py) ++size[static_cast<std::size_t>(k - 1)];
+  start.assign(static_cast<std::size_t>(k_classes), 0);
+  for (std::size_t k = 1; k < start.size(); ++k) start[k] = start[k - 1] + size[k - 1];
+
+  const std::span<int> cases = std::span<int>(table.cases).subspan(static_cast<std::size_t>(lo), n);
+  const std::span<int> classes =
+      std::span<int>(table.classes).subspan(static_cast<std::size_t>(lo), n);
+  std::vector<int> dest(n);
+  std::vector<int> next = start;
+  std::vector<int> moved_cases(n);
+  std::vector<int> moved_classes(n);
+  for (std::size_t r = 0; r < n; ++r) {
+    const int k = py(static_cast<FArray<int>::Index>(r + 1));
+    const auto to = static_cast<std::size_t>(next[static_cast<std::size_t>(k - 1)]++);
+    dest[r] = static_cast<int>(to);
+    moved_cases[to] = cases[r];
+    moved_classes[to] = classes[r];
+  }
+  std::copy(moved_cases.begin(), moved_cases.end(), cases.begin());
+  std::copy(moved_classes.begin(), moved_classes.end(), classes.begin());
+  move_rows(table.x, lo, dest);
+  if (move_flags) move_rows(table.mis, lo, dest);
+}
+
 // Finishes node t, rows lo + 1 .. lo + n of the table, and everything below it.
 void ldfuni_fit(Growth& g, int t, int lo, int n) {
   Init& in = init();
@@ -235,53 +292,15 @@ void ldfuni_fit(Growth& g, int t, int lo, int n) {
       getmeanmode(node.xdat, node.ydat.span(), node.misind, node.noc.span(), n, grand, meanmode,
                   split.var);
       pack_counts(record, n, iclass, rt, node.noc);
-      for (int k = 1; k <= k_classes; ++k) record.push_back(meanmode(k, split.var));
-      record.push_back(grand(split.var));
-      record.push_back(split.var);
-      record.push_back(in.varsel == 2 ? (split.test == 'L' ? kTestCodeL : kTestCodeF) : 0.0);
-      record.insert(record.end(), static_cast<std::size_t>(p), 0.0);  // fk
-      record.push_back(split.c > 0 ? static_cast<double>(split.c) : split.gmean);
-      if (split.c > 0) {
-        for (int v : split.ncutcat) record.push_back(v);
-        for (int v : split.cutcat) record.push_back(v);
-      } else {
-        for (double v : split.cutpt) record.push_back(v);
-      }
-      if (in.impprune == 5 || in.impprune == 6) {
-        record.push_back(split.alt_var);
-        for (double v : split.coef5) record.push_back(v);  // K by 2, column by column
-        record.push_back(split.c5);
-        for (double v : split.crimcord5) record.push_back(v);
-      }
+      pack_split(record, split, grand, meanmode);
       grown.split = true;
 
-      // Each subnode's cases become one block of rows, in case order: a
-      // stable reordering of the node's rows by subnode.
-      std::vector<int> size(static_cast<std::size_t>(k_classes), 0);
-      for (int r = 1; r <= n; ++r) ++size[static_cast<std::size_t>(split.py(r) - 1)];
-      std::vector<int> start(static_cast<std::size_t>(k_classes), 0);
-      for (std::size_t k = 1; k < start.size(); ++k) start[k] = start[k - 1] + size[k - 1];
-      std::vector<int> dest(static_cast<std::size_t>(n));
-      {
-        std::vector<int> next = start;
-        std::vector<int> moved_cases(static_cast<std::size_t>(n));
-        std::vector<int> moved_classes(static_cast<std::size_t>(n));
-        for (std::size_t r = 0; r < dest.size(); ++r) {
-          const int k = split.py(static_cast<FArray<int>::Index>(r + 1));
-          const auto to = static_cast<std::size_t>(next[static_cast<std::size_t>(k - 1)]++);
-          dest[r] = static_cast<int>(to);
-          moved_cases[to] = cases[r];
-          moved_classes[to] = classes[r];
-        }
-        std::copy(moved_cases.begin(), moved_cases.end(), cases.begin());
-        std::copy(moved_classes.begin(), moved_classes.end(), classes.begin());
-      }
       const bool any_missing = g.any_missing && holds(node.misind, 'y');
       node = NodeSample{};
+      std::vector<int> start;
+      std::vector<int> size;
+      split_block(table, lo, split.py, any_missing, start, size);
       split = SplitResult{};
-      move_rows(table.x, lo, dest);
-      if (any_missing) move_rows(table.mis, lo, dest);
-      dest = {};
       g.keep(t, std::move(grown));
       // The subtrees share nothing but the tree's cases, each its own rows:
       // they grow side by side, and the store gets them in order at the end.
