@@ -349,8 +349,17 @@ void store_subtree(Growth& g, int t) {
   for (int k = 1; k <= k_classes; ++k) store_subtree(g, child_of(t, k, k_classes));
 }
 
+// The cases whose node is 1.
+std::vector<int> root_members(const FArray<int>& termnode) {
+  std::vector<int> members;
+  for (int i = 1; i <= termnode.size(); ++i)
+    if (termnode(i) == 1) members.push_back(i);
+  return members;
+}
+
 // Starts a growth on y with its priors: class counts, and under fitting on
-// complete cases (impbuild 1) the counts of the complete cases.
+// complete cases (impbuild 1) the counts of the complete cases; the root's
+// cases.
 void start_growth(Growth& g, const FArray<char>& misind) {
   Init& in = init();
   in.nodes = 0;
@@ -371,14 +380,7 @@ void start_growth(Growth& g, const FArray<char>& misind) {
     for (int c : g.csize1)
       if (c == 0) in.impbuild = 2;
   }
-}
-
-// The cases whose node is 1.
-std::vector<int> root_members(const FArray<int>& termnode) {
-  std::vector<int> members;
-  for (int i = 1; i <= termnode.size(); ++i)
-    if (termnode(i) == 1) members.push_back(i);
-  return members;
+  g.table.cases = root_members(g.termnode);
 }
 
 // The given rows (counted from 1) of a cases-by-predictors table, in order,
@@ -395,6 +397,17 @@ FArray<T> gather_rows(const FArray<T>& from, const std::vector<int>& rows, T fil
           source[static_cast<std::size_t>(rows[static_cast<std::size_t>(r)] - 1)];
   });
   return to;
+}
+
+// Whether every case of the sample x starts at the root.
+bool all_at_root(const Growth& g, const FArray<double>& x) {
+  return static_cast<FArray<int>::Index>(g.table.cases.size()) == x.extent1();
+}
+
+// The table as a copy of the root's rows of the sample.
+void copy_root_rows(Growth& g, const FArray<double>& x, const FArray<char>& misind) {
+  g.table.x = gather_rows(x, g.table.cases, 0.0);
+  g.table.mis = gather_rows(misind, g.table.cases, 'n');
 }
 
 // Puts every column of a table back in case order (row r holds case
@@ -462,9 +475,7 @@ void grow_tree(const FArray<double>& x, const FArray<int>& y, const FArray<char>
                const FArray<double>& prob, FArray<int>& termnode) {
   Growth g(y, prob, termnode);
   start_growth(g, misind);
-  g.table.cases = root_members(termnode);
-  g.table.x = gather_rows(x, g.table.cases, 0.0);
-  g.table.mis = gather_rows(misind, g.table.cases, 'n');
+  copy_root_rows(g, x, misind);
   grow_and_store(g);
 }
 
@@ -472,13 +483,11 @@ void grow_tree(FArray<double>&& x, const FArray<int>& y, FArray<char>&& misind,
                const FArray<double>& prob, FArray<int>& termnode) {
   Growth g(y, prob, termnode);
   start_growth(g, misind);
-  g.table.cases = root_members(termnode);
-  if (static_cast<FArray<int>::Index>(g.table.cases.size()) == x.extent1()) {
+  if (all_at_root(g, x)) {
     g.table.x = std::move(x);
     g.table.mis = std::move(misind);
   } else {
-    g.table.x = gather_rows(x, g.table.cases, 0.0);
-    g.table.mis = gather_rows(misind, g.table.cases, 'n');
+    copy_root_rows(g, x, misind);
   }
   grow_and_store(g);
   x = std::move(g.table.x);
@@ -489,10 +498,8 @@ void grow_tree_in_place(FArray<double>& x, const FArray<int>& y, FArray<char>& m
                         const FArray<double>& prob, FArray<int>& termnode) {
   Growth g(y, prob, termnode);
   start_growth(g, misind);
-  g.table.cases = root_members(termnode);
-  if (static_cast<FArray<int>::Index>(g.table.cases.size()) != x.extent1()) {
-    g.table.x = gather_rows(x, g.table.cases, 0.0);
-    g.table.mis = gather_rows(misind, g.table.cases, 'n');
+  if (!all_at_root(g, x)) {
+    copy_root_rows(g, x, misind);
     grow_and_store(g);
     return;
   }
