@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <atomic>
-#include <cmath>
 #include <functional>
 #include <stdexcept>
 #include <string>
@@ -39,34 +38,6 @@ TEST(ParallelFor, VisitsEveryIndexOnce) {
           << r.first << ".." << r.last << " @" << k;
     }
   }
-}
-
-TEST(ParallelFor, ColumnSumsMatchTheSerialLoopBitForBit) {
-  const int rows = 20000;
-  const int cols = 24;
-  std::vector<double> x(static_cast<std::size_t>(rows * cols));
-  for (std::size_t i = 0; i < x.size(); ++i) x[i] = std::sin(static_cast<double>(i)) * 1e3 + 1e-7;
-  auto column_sum = [&](int j) {
-    double s = 0.0;
-    for (int i = 0; i < rows; ++i) s += x[static_cast<std::size_t>(j * rows + i)];
-    return s;
-  };
-  std::vector<double> serial(cols);
-  for (int j = 0; j < cols; ++j) serial[static_cast<std::size_t>(j)] = column_sum(j);
-  std::vector<double> shared(cols);
-  parallel_for(0, cols - 1, rows, [&](std::ptrdiff_t j) {
-    shared[static_cast<std::size_t>(j)] = column_sum(static_cast<int>(j));
-  });
-  EXPECT_EQ(shared, serial);
-
-  std::vector<double> powered(x.size());
-  parallel_blocks(1, static_cast<std::ptrdiff_t>(x.size()), 40,
-                  [&](std::ptrdiff_t lo, std::ptrdiff_t hi) {
-                    for (std::ptrdiff_t i = lo; i <= hi; ++i)
-                      powered[static_cast<std::size_t>(i - 1)] =
-                          std::pow(std::fabs(x[static_cast<std::size_t>(i - 1)]), 0.4);
-                  });
-  for (std::size_t i = 0; i < x.size(); ++i) ASSERT_EQ(powered[i], std::pow(std::fabs(x[i]), 0.4));
 }
 
 TEST(ParallelFor, NestedCallsRunToCompletion) {
