@@ -121,11 +121,13 @@ void meanmode_sub(FMatrixView<double> xdat, std::span<const int> cdat,
 
 void fill_node_missing(FMatrixView<double> xdat, std::span<const int> cdat,
                        FMatrixView<const char> misind, std::span<const int> noc, int n,
-                       const Moments* present) {
+                       const Moments* present, int only) {
   const Init& in = init();
   const int classes = static_cast<int>(noc.size());
   const FArray<int> ordinal = categorical_ordinals(in);
-  parallel_for(1, in.nvar, static_cast<std::size_t>(n), [&](std::ptrdiff_t j) {
+  const int first = only > 0 ? only : 1;
+  const int last = only > 0 ? only : in.nvar;
+  parallel_for(first, last, static_cast<std::size_t>(n), [&](std::ptrdiff_t j) {
     const std::span<const char> flags = misind.column(j).first(static_cast<std::size_t>(n));
     if (std::find(flags.begin(), flags.end(), 'y') == flags.end()) return;
     const int numcat = ordinal(j) > 0 ? in.numcat(ordinal(j)) : 0;

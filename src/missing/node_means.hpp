@@ -13,7 +13,8 @@
 // fill_node_missing: the same filling, with the centres worked out only for
 //   the predictors that have a missing cell among the n cases; a numerical
 //   predictor's class means are taken from `present` (meanss1 of the same
-//   cases, whose class means are these centres) when given.
+//   cases, whose class means are these centres) when given. With `only` > 0
+//   just that predictor's cells are filled.
 // fill_missing_cells: that filling alone, from centres getmeanmode has given
 //   for the same cases.
 #pragma once
@@ -38,7 +39,7 @@ void meanmode_sub(FMatrixView<double> xdat, std::span<const int> cdat,
 
 void fill_node_missing(FMatrixView<double> xdat, std::span<const int> cdat,
                        FMatrixView<const char> misind, std::span<const int> noc, int n,
-                       const Moments* present = nullptr);
+                       const Moments* present = nullptr, int only = 0);
 
 void fill_missing_cells(FMatrixView<double> xdat, std::span<const int> cdat,
                         FMatrixView<const char> misind, int n, const FArray<double>& meanmode);

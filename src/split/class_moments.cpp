@@ -10,6 +10,8 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
+#include <cstdint>
 #include <cstdio>
 #include <cstdlib>
 #include <vector>
@@ -44,6 +46,13 @@ void shape(Moments& mom, int nclass, int nvar) {
 // A sum of squares over its degrees of freedom; 0 when there are none.
 double mean_square(double sum, int df) {
   return df > 0 ? sum / static_cast<double>(df) : 0.0;
+}
+
+// v if present, else +0.0: a mask on the bits rather than a choice, which
+// compilers may turn into a branch that 5% of missing cells mispredict often.
+inline double masked_value(double v, bool present) {
+  const std::uint64_t keep = std::uint64_t{0} - static_cast<std::uint64_t>(present);
+  return std::bit_cast<double>(std::bit_cast<std::uint64_t>(v) & keep);
 }
 
 // Per-class values of a group's G columns: row(k)[c] for class k (1..K) and
@@ -116,7 +125,7 @@ void group_moments(FMatrixView<const double> xdat, const FMatrixView<const char>
       // starts at +0.0 is never -0.0): no branch to mispredict.
       for (int c = 0; c < G; ++c) {
         const bool present = miss[c](i) != 'y';
-        const double v = present ? x[c](i) : 0.0;
+        const double v = masked_value(x[c](i), present);
         sum[c] += v;
         total[c] += v;
         count[c] += present;
@@ -174,8 +183,8 @@ void group_moments(FMatrixView<const double> xdat, const FMatrixView<const char>
       if constexpr (kMasked) {
         // As in pass 1, a missing cell adds +0.0.
         const bool present = miss[c](i) != 'y';
-        within[c] += present ? dw * dw : 0.0;
-        spread[c] += present ? dt * dt : 0.0;
+        within[c] += masked_value(dw * dw, present);
+        spread[c] += masked_value(dt * dt, present);
       } else {
         within[c] += dw * dw;
         spread[c] += dt * dt;

@@ -286,6 +286,11 @@ bool tests_on_present_values(Member member) {
   return tr.fit != FitSet::complete && tr.tests != Tests::common;
 }
 
+bool reads_filled_split_variable_only(Member member) {
+  const Traits tr = traits_of(member);
+  return tr.fit == FitSet::available && tr.tests != Tests::common && tr.levene == Levene::select6;
+}
+
 SplitResult classify(Member member, const NodeSample& node) {
   const Init& in = init();
   const Traits tr = traits_of(member);
@@ -378,6 +383,7 @@ SplitResult classify(Member member, const NodeSample& node) {
     return s;
   }
   // Every case of the node goes by the points found on the subset.
+  if (node.fill_split_variable) node.fill_split_variable(s.var);
   std::vector<double> all(static_cast<std::size_t>(node.n));
   for (int i = 1; i <= node.n; ++i) {
     const double v = node.xdat(i, s.var);

@@ -25,6 +25,10 @@ SplitResult classify(Member member, const NodeSample& node);
 // Whether the member's tests read the moments over the present values of all
 // the node's cases, which NodeSample::present_moments may hand it.
 bool tests_on_present_values(Member member);
+// Whether the member reads no filled cell but those of its split variable:
+// its tests, the Levene test and the fit take present values only, and only
+// the subnode of a case whose split variable is missing reads a filled cell.
+bool reads_filled_split_variable_only(Member member);
 
 // Two classes, split by exhaustive search: exhaust0 chooses the variable by
 // the tests of the 1D method (on each variable's available cases, with the

@@ -7,6 +7,8 @@
 // the alternate-split option the alternate variable's discriminant functions.
 #pragma once
 
+#include <functional>
+
 #include "numerics/farray.hpp"
 #include "split/class_moments.hpp"
 
@@ -26,6 +28,10 @@ struct NodeSample {
   // The moments over the present values of the node's cases (meanss1), when
   // growth has worked them out already; they do not depend on filled cells.
   const Moments* present_moments = nullptr;
+  // Set when growth has left the missing cells unfilled: fills those of one
+  // predictor. A routine that reads filled cells of its split variable only
+  // calls it with that variable first.
+  std::function<void(int)> fill_split_variable;
 };
 
 struct SplitResult {

@@ -265,9 +265,19 @@ void ldfuni_fit(Growth& g, int t, int lo, int n) {
       meanss1(node.xdat, node.misind, node.ydat.span(), k_classes, present);
       node.present_moments = &present;
     }
-    if (d.node_means && g.any_missing)
-      fill_node_missing(node.xdat, node.ydat.span(), node.misind, node.noc.span(), n,
-                        node.present_moments);
+    if (d.node_means && g.any_missing) {
+      // A member that reads filled cells of its split variable alone has just
+      // that column filled; the cells of the others are never read before a
+      // subnode fills them anew.
+      auto fill = [&node, n](int only) {
+        fill_node_missing(node.xdat, node.ydat.span(), node.misind, node.noc.span(), n,
+                          node.present_moments, only);
+      };
+      if (d.search == Search::classify && reads_filled_split_variable_only(d.member))
+        node.fill_split_variable = fill;
+      else
+        fill(0);
+    }
     node.prob = g.prob;
     node.csize = g.csize;
     node.nobs = g.nobs;
