@@ -94,8 +94,9 @@ class ClassRows {
 
 // Moments of the G columns j0 .. j0 + G - 1. Masked: only the cases with
 // misind(i, j) == 'n' count, and the class counts are those of these cases;
-// otherwise noc_all and m_all are the counts of all cases.
-template <bool kMasked, int G>
+// otherwise noc_all and m_all are the counts of all cases. Without kTotal,
+// tss is left as it is.
+template <bool kMasked, bool kTotal, int G>
 void group_moments(FMatrixView<const double> xdat, const FMatrixView<const char>* misind,
                    std::span<const int> ydat, std::span<const int> noc_all, int m_all, int j0,
                    Moments& mom) {
@@ -179,15 +180,15 @@ void group_moments(FMatrixView<const double> xdat, const FMatrixView<const char>
     for (int c = 0; c < G; ++c) {
       const double v = x[c](i);
       const double dw = v - mean[c];
-      const double dt = v - g[c];
+      [[maybe_unused]] const double dt = v - g[c];
       if constexpr (kMasked) {
         // As in pass 1, a missing cell adds +0.0.
         const bool present = miss[c](i) != 'y';
         within[c] += masked_value(dw * dw, present);
-        spread[c] += masked_value(dt * dt, present);
+        if constexpr (kTotal) spread[c] += masked_value(dt * dt, present);
       } else {
         within[c] += dw * dw;
-        spread[c] += dt * dt;
+        if constexpr (kTotal) spread[c] += dt * dt;
       }
     }
   }
@@ -201,24 +202,24 @@ void group_moments(FMatrixView<const double> xdat, const FMatrixView<const char>
     mom.gmean(j) = g[c];
     mom.mst(j) = mean_square(between[c], m[c] - 1);
     mom.mse(j) = mean_square(within[c], n[c] - m[c]);
-    mom.tss(j) = mean_square(spread[c], n[c] - 1);
+    if constexpr (kTotal) mom.tss(j) = mean_square(spread[c], n[c] - 1);
     mom.n_used(j) = n[c];
     mom.m_used(j) = m[c];
   }
 }
 
 // group_moments for the `width` (1..G) columns from j0.
-template <bool kMasked, int G = kGroup>
+template <bool kMasked, bool kTotal, int G = kGroup>
 void columns_moments(int width, FMatrixView<const double> xdat,
                      const FMatrixView<const char>* misind, std::span<const int> ydat,
                      std::span<const int> noc_all, int m_all, int j0, Moments& mom) {
   if constexpr (G > 1) {
     if (width < G) {
-      columns_moments<kMasked, G - 1>(width, xdat, misind, ydat, noc_all, m_all, j0, mom);
+      columns_moments<kMasked, kTotal, G - 1>(width, xdat, misind, ydat, noc_all, m_all, j0, mom);
       return;
     }
   }
-  group_moments<kMasked, G>(xdat, misind, ydat, noc_all, m_all, j0, mom);
+  group_moments<kMasked, kTotal, G>(xdat, misind, ydat, noc_all, m_all, j0, mom);
 }
 
 // The moments of every column, in groups of at most kGroup neighbouring
@@ -227,7 +228,8 @@ void columns_moments(int width, FMatrixView<const double> xdat,
 // together.
 template <bool kMasked>
 void all_moments(FMatrixView<const double> xdat, const FMatrixView<const char>* misind,
-                 std::span<const int> ydat, std::span<const int> noc_all, int m_all, Moments& mom) {
+                 std::span<const int> ydat, std::span<const int> noc_all, int m_all, Moments& mom,
+                 Squares squares) {
   const int nvar = static_cast<int>(xdat.extent2());
   if (nvar < 1) return;
   int groups = (nvar + kGroup - 1) / kGroup;
@@ -243,34 +245,37 @@ void all_moments(FMatrixView<const double> xdat, const FMatrixView<const char>* 
   parallel_for(1, groups, steps, [&](std::ptrdiff_t group) {
     const int j0 = first_column(static_cast<int>(group));
     const int width = first_column(static_cast<int>(group) + 1) - j0;
-    columns_moments<kMasked>(width, xdat, misind, ydat, noc_all, m_all, j0, mom);
+    if (squares == Squares::with_total)
+      columns_moments<kMasked, true>(width, xdat, misind, ydat, noc_all, m_all, j0, mom);
+    else
+      columns_moments<kMasked, false>(width, xdat, misind, ydat, noc_all, m_all, j0, mom);
   });
 }
 
 }  // namespace
 
 void meanss(FMatrixView<const double> xdat, std::span<const int> ydat, std::span<const int> noc,
-            int m, Moments& mom) {
+            int m, Moments& mom, Squares squares) {
   shape(mom, static_cast<int>(noc.size()), static_cast<int>(xdat.extent2()));
-  all_moments<false>(xdat, nullptr, ydat, noc, m, mom);
+  all_moments<false>(xdat, nullptr, ydat, noc, m, mom, squares);
 }
 
 void meanss_column(FMatrixView<const double> xdat, std::span<const int> ydat,
                    std::span<const int> noc, int m, int j, Moments& mom) {
   shape(mom, static_cast<int>(noc.size()), static_cast<int>(xdat.extent2()));
-  group_moments<false, 1>(xdat, nullptr, ydat, noc, m, j, mom);
+  group_moments<false, true, 1>(xdat, nullptr, ydat, noc, m, j, mom);
 }
 
 void meanss1(FMatrixView<const double> xdat, FMatrixView<const char> misind,
-             std::span<const int> ydat, int nclass, Moments& mom) {
+             std::span<const int> ydat, int nclass, Moments& mom, Squares squares) {
   shape(mom, nclass, static_cast<int>(xdat.extent2()));
-  all_moments<true>(xdat, &misind, ydat, {}, 0, mom);
+  all_moments<true>(xdat, &misind, ydat, {}, 0, mom, squares);
 }
 
 void meanss1_column(FMatrixView<const double> xdat, FMatrixView<const char> misind,
                     std::span<const int> ydat, int nclass, int j, Moments& mom) {
   shape(mom, nclass, static_cast<int>(xdat.extent2()));
-  group_moments<true, 1>(xdat, &misind, ydat, {}, 0, j, mom);
+  group_moments<true, true, 1>(xdat, &misind, ydat, {}, 0, j, mom);
 }
 
 }  // namespace vardel

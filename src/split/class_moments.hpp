@@ -25,6 +25,9 @@
 // column of xdat, meanss_column (or meanss1_column) recomputes the moments of
 // that column alone in a mom already filled for the same data shape.
 //
+// The tests read every moment but tss: growth asks for Squares::tests_only,
+// which leaves tss untouched and saves a third of the second pass.
+//
 // Sums run from 0.0 in case order (class sums likewise, each in case order);
 // sums over classes run in class order.
 #pragma once
@@ -46,13 +49,16 @@ struct Moments {
   FArray<int> noc_used;  // K by P
 };
 
+enum class Squares { with_total, tests_only };
+
 void meanss(FMatrixView<const double> xdat, std::span<const int> ydat, std::span<const int> noc,
-            int m, Moments& mom);
+            int m, Moments& mom, Squares squares = Squares::with_total);
 void meanss_column(FMatrixView<const double> xdat, std::span<const int> ydat,
                    std::span<const int> noc, int m, int j, Moments& mom);
 
 void meanss1(FMatrixView<const double> xdat, FMatrixView<const char> misind,
-             std::span<const int> ydat, int nclass, Moments& mom);
+             std::span<const int> ydat, int nclass, Moments& mom,
+             Squares squares = Squares::with_total);
 void meanss1_column(FMatrixView<const double> xdat, FMatrixView<const char> misind,
                     std::span<const int> ydat, int nclass, int j, Moments& mom);
 

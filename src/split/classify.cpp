@@ -122,7 +122,7 @@ Choice choose_variable(const Init& in, const Traits& tr, const TestView& t, Mome
 
   if (tr.tests == Tests::common) {
     if (numerical) {
-      meanss(t.x, t.y.span(), t.noc.span(), t.m, mom);
+      meanss(t.x, t.y.span(), t.noc.span(), t.m, mom, Squares::tests_only);
       pf = select1(mom, vtype);
     }
     if (ncat > 0)
@@ -131,18 +131,18 @@ Choice choose_variable(const Init& in, const Traits& tr, const TestView& t, Mome
     if (t.present != nullptr)
       mom = *t.present;
     else
-      meanss1(t.x, t.mis, t.y.span(), in.nclass, mom);
+      meanss1(t.x, t.mis, t.y.span(), in.nclass, mom, Squares::tests_only);
     if (numerical) pf = select3(mom, vtype);
     if (ncat > 0)
       pc = chi_sq1(t.x, t.mis, t.y.span(), in.nclass, in.catpos.span(), in.numcat.span());
   } else {
     if (tr.fit == FitSet::complete && numerical) {
       // Complete cases: the two forms of the moments agree; the fit reads meanss's.
-      meanss(t.x, t.y.span(), t.noc.span(), t.m, mom);
+      meanss(t.x, t.y.span(), t.noc.span(), t.m, mom, Squares::tests_only);
     } else if (t.present != nullptr) {
       mom = *t.present;
     } else {
-      meanss1(t.x, t.mis, t.y.span(), in.nclass, mom);
+      meanss1(t.x, t.mis, t.y.span(), in.nclass, mom, Squares::tests_only);
     }
     if (numerical) {
       const TwoBest fb = select5(mom, vtype);

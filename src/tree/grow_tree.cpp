@@ -262,7 +262,7 @@ void ldfuni_fit(Growth& g, int t, int lo, int n) {
     if ((d.search == Search::exhaust0 ||
          (d.search == Search::classify && tests_on_present_values(d.member))) &&
         g.any_missing) {
-      meanss1(node.xdat, node.misind, node.ydat.span(), k_classes, present);
+      meanss1(node.xdat, node.misind, node.ydat.span(), k_classes, present, Squares::tests_only);
       node.present_moments = &present;
     }
     if (d.node_means && g.any_missing) {

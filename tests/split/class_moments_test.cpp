@@ -138,6 +138,15 @@ TEST_P(ClassMomentsBits, MatchPlainTwoPassLoop) {
   expect_same(got, want_present, "meanss1");
   for (int j = s.nvar; j >= 1; --j) meanss1_column(x, mis, y, s.nclass, j, got_one);
   expect_same(got_one, want_present, "meanss1_column");
+
+  // Without the total square every other moment is the same and tss is
+  // left as the caller had it.
+  for (Moments* w : {&want_all, &want_present}) w->tss.fill(-1.0);
+  for (Moments* g : {&got, &got_one}) g->tss.assign(s.nvar, -1.0);
+  meanss(x, y, noc, m, got, Squares::tests_only);
+  expect_same(got, want_all, "meanss for the tests");
+  meanss1(x, mis, y, s.nclass, got_one, Squares::tests_only);
+  expect_same(got_one, want_present, "meanss1 for the tests");
 }
 
 INSTANTIATE_TEST_SUITE_P(Shapes, ClassMomentsBits,
