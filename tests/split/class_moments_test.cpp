@@ -154,7 +154,8 @@ INSTANTIATE_TEST_SUITE_P(Shapes, ClassMomentsBits,
                                          Shape{2, 3, 4, 0.2}, Shape{7, 7, 5, 0.3},
                                          Shape{7, 9, 9, 0.0}, Shape{1000, 2, 21, 0.1},
                                          Shape{1000, 3, 9, 0.0}, Shape{1000, 9, 5, 0.5},
-                                         Shape{1000, 7, 4, 0.05}, Shape{100003, 2, 21, 0.0},
+                                         Shape{1000, 7, 4, 0.05}, Shape{1000, 3, 16, 0.1},
+                                         Shape{1000, 4, 15, 0.0}, Shape{100003, 2, 21, 0.0},
                                          Shape{100003, 3, 5, 0.1}, Shape{100003, 9, 4, 0.02}));
 
 }  // namespace
