@@ -10,6 +10,7 @@
 
 #include "numerics/farray.hpp"
 #include "numerics/parallel_for.hpp"
+#include "split/distinct_values.hpp"
 #include "split/guards.hpp"
 
 namespace vardel {
@@ -44,14 +45,38 @@ PowerGrid power_grid(int varsel) {
 // Guards the sharing of a transform: the steps of one power or logarithm.
 constexpr std::size_t kPowerSteps = 40;
 
+// Guards the sharing of a copy from the distinct values: steps per value.
+constexpr std::size_t kGatherSteps = 2;
+// Guards the search for repeated values: columns shorter than this are
+// transformed value by value.
+constexpr std::size_t kFewestForDistinct = 64;
+
 // z = (x^p - 1) / p, or ln x for a power within kTiny of 0. z may be x. Each
 // value is independent of the others, so blocks of them are shared out.
-void transform(std::span<const double> x, double p, std::span<double> z) {
+void power(std::span<const double> x, double p, std::span<double> z) {
   const bool log_power = !(p > kTiny || p < -kTiny);
   parallel_blocks(0, static_cast<Index>(x.size()) - 1, kPowerSteps, [&](Index lo, Index hi) {
     for (auto i = static_cast<std::size_t>(lo); i <= static_cast<std::size_t>(hi); ++i) {
       z[i] = log_power ? std::log(x[i]) : (std::pow(x[i], p) - 1.0) / p;
     }
+  });
+}
+
+// The values of x under power p, into z. With `distinct` (the distinct
+// values of x) each distinct value is transformed once, into `once`, and
+// copied to its cases.
+void transform(std::span<const double> x, double p, std::span<double> z,
+               const DistinctValues* distinct, std::vector<double>& once) {
+  if (distinct == nullptr) {
+    power(x, p, z);
+    return;
+  }
+  once.resize(distinct->values().size());
+  power(distinct->values(), p, once);
+  const std::span<const int> index = distinct->index();
+  parallel_blocks(0, static_cast<Index>(x.size()) - 1, kGatherSteps, [&](Index lo, Index hi) {
+    for (auto i = static_cast<std::size_t>(lo); i <= static_cast<std::size_t>(hi); ++i)
+      z[i] = once[static_cast<std::size_t>(index[i])];
   });
 }
 
@@ -136,8 +161,13 @@ BoxCoxResult boxcox(std::span<double> x, std::span<const int> ydat, double& mse,
   // values, class means and spread under the power before it, kept so that
   // going back one step costs nothing.
   std::vector<double> z(x.size());
+  // Repeated values are transformed once each, when they are many.
+  DistinctValues distinct;
+  const DistinctValues* few =
+      x.size() >= kFewestForDistinct && distinct.build(x, x.size() / 2) ? &distinct : nullptr;
+  std::vector<double> once;
   // The logarithms are taken apart (shared out) and summed in case order.
-  transform(x, 0.0, z);
+  transform(x, 0.0, z, few, once);
   double sum_log = 0.0;
   for (const double v : z) sum_log += v;
 
@@ -148,7 +178,7 @@ BoxCoxResult boxcox(std::span<double> x, std::span<const int> ydat, double& mse,
   double best = std::numeric_limits<double>::max();
   for (Index ig = 1; ig <= grid.size; ++ig) {
     const double p = grid(ig);
-    transform(x, p, z);
+    transform(x, p, z, few, once);
     const double v = class_spread(z, y, nc, mean);
     const double c = v < kTiny ? kLowGuard : std::log(v) - 2.0 / dn * p * sum_log;
     // The first power is always taken, even when c is +inf from an overflow.
