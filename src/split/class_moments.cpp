@@ -11,6 +11,7 @@
 #include <algorithm>
 #include <array>
 #include <bit>
+#include <cmath>
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
@@ -93,14 +94,27 @@ class ClassRows {
   int nclass_;
 };
 
-// Moments of the G columns j0 .. j0 + G - 1. Masked: only the cases with
-// misind(i, j) == 'n' count, and the class counts are those of these cases;
-// otherwise noc_all and m_all are the counts of all cases. Without kTotal,
-// tss is left as it is.
-template <bool kMasked, bool kTotal, int G>
+// Which cells of a column the moments are taken over.
+enum class Cells {
+  all,     // every case's
+  masked,  // the present ones: misind(i, j) == 'n'
+  // The present ones, in a table whose missing cells hold +0.0: summed like
+  // all cells, with the counts of the present ones. The missing cells then
+  // take their class's mean, so that they add +0.0 to the squares as well.
+  zeroed,
+};
+
+// Moments of the G columns j0 .. j0 + G - 1. Masked and zeroed: the class
+// counts are those of the present cases; all: noc_all and m_all are the
+// counts of all cases. Zeroed also takes noc_all and `zeroed`, and leaves
+// each missing cell holding its class's mean. Without kTotal, tss is left as
+// it is (zeroed never takes it).
+template <Cells kCells, bool kTotal, int G>
 void group_moments(FMatrixView<const double> xdat, const FMatrixView<const char>* misind,
                    std::span<const int> ydat, std::span<const int> noc_all, int m_all, int j0,
-                   Moments& mom) {
+                   Moments& mom, const ZeroedCells* zeroed = nullptr) {
+  constexpr bool kMasked = kCells == Cells::masked;
+  static_assert(kCells != Cells::zeroed || !kTotal);
   const int n_all = static_cast<int>(xdat.extent1());
   const int nclass = static_cast<int>(mom.xmean.extent1());
   FView<const int> y(ydat);
@@ -144,6 +158,13 @@ void group_moments(FMatrixView<const double> xdat, const FMatrixView<const char>
       for (int k = 1; k <= nclass; ++k) noc.row(k)[c] = noc_all[static_cast<std::size_t>(k - 1)];
       n[c] = n_all;
       m[c] = m_all;
+      if constexpr (kCells == Cells::zeroed) {
+        const std::vector<int>& rows = zeroed->missing[static_cast<std::size_t>(j0 + c - 1)];
+        for (int r : rows) --noc.row(y(r))[c];
+        n[c] -= static_cast<int>(rows.size());
+        m[c] = 0;
+        for (int k = 1; k <= nclass; ++k) m[c] += noc.row(k)[c] > 0;
+      }
     }
     for (int i = 1; i <= n_all; ++i) {
       // The group's values are read before any class sum is written, so that
@@ -170,6 +191,24 @@ void group_moments(FMatrixView<const double> xdat, const FMatrixView<const char>
       if (noc.row(k)[c] == 0) continue;
       const double d = xmean.row(k)[c] - g[c];
       between[c] += static_cast<double>(noc.row(k)[c]) * (d * d);
+    }
+  }
+
+  if constexpr (kCells == Cells::zeroed) {
+    // A class mean that is not finite would not give +0.0 against itself.
+    bool finite = true;
+    for (int c = 0; c < G; ++c) {
+      finite = finite && std::isfinite(g[c]);
+      for (int k = 1; k <= nclass; ++k) finite = finite && std::isfinite(xmean.row(k)[c]);
+    }
+    if (!finite) {
+      group_moments<Cells::masked, false, G>(xdat, misind, ydat, {}, 0, j0, mom);
+      return;
+    }
+    for (int c = 0; c < G; ++c) {
+      const std::span<double> column = zeroed->x.column(j0 + c);
+      for (int r : zeroed->missing[static_cast<std::size_t>(j0 + c - 1)])
+        column[static_cast<std::size_t>(r - 1)] = xmean.row(y(r))[c];
     }
   }
 
@@ -210,27 +249,29 @@ void group_moments(FMatrixView<const double> xdat, const FMatrixView<const char>
 }
 
 // group_moments for the `width` (1..G) columns from j0.
-template <bool kMasked, bool kTotal, int G = kGroup>
+template <Cells kCells, bool kTotal, int G = kGroup>
 void columns_moments(int width, FMatrixView<const double> xdat,
                      const FMatrixView<const char>* misind, std::span<const int> ydat,
-                     std::span<const int> noc_all, int m_all, int j0, Moments& mom) {
+                     std::span<const int> noc_all, int m_all, int j0, Moments& mom,
+                     const ZeroedCells* zeroed) {
   if constexpr (G > 1) {
     if (width < G) {
-      columns_moments<kMasked, kTotal, G - 1>(width, xdat, misind, ydat, noc_all, m_all, j0, mom);
+      columns_moments<kCells, kTotal, G - 1>(width, xdat, misind, ydat, noc_all, m_all, j0, mom,
+                                             zeroed);
       return;
     }
   }
-  group_moments<kMasked, kTotal, G>(xdat, misind, ydat, noc_all, m_all, j0, mom);
+  group_moments<kCells, kTotal, G>(xdat, misind, ydat, noc_all, m_all, j0, mom, zeroed);
 }
 
 // The moments of every column, in groups of at most kGroup neighbouring
 // columns, one task each. With several threads the group count is a multiple
 // of theirs and the widths differ by at most one, so that the threads finish
 // together.
-template <bool kMasked>
+template <Cells kCells>
 void all_moments(FMatrixView<const double> xdat, const FMatrixView<const char>* misind,
                  std::span<const int> ydat, std::span<const int> noc_all, int m_all, Moments& mom,
-                 Squares squares) {
+                 Squares squares, const ZeroedCells* zeroed = nullptr) {
   const int nvar = static_cast<int>(xdat.extent2());
   if (nvar < 1) return;
   int groups = (nvar + kGroup - 1) / kGroup;
@@ -246,10 +287,12 @@ void all_moments(FMatrixView<const double> xdat, const FMatrixView<const char>* 
   parallel_for(1, groups, steps, [&](std::ptrdiff_t group) {
     const int j0 = first_column(static_cast<int>(group));
     const int width = first_column(static_cast<int>(group) + 1) - j0;
-    if (squares == Squares::with_total)
-      columns_moments<kMasked, true>(width, xdat, misind, ydat, noc_all, m_all, j0, mom);
+    if constexpr (kCells == Cells::zeroed)
+      columns_moments<kCells, false>(width, xdat, misind, ydat, noc_all, m_all, j0, mom, zeroed);
+    else if (squares == Squares::with_total)
+      columns_moments<kCells, true>(width, xdat, misind, ydat, noc_all, m_all, j0, mom, zeroed);
     else
-      columns_moments<kMasked, false>(width, xdat, misind, ydat, noc_all, m_all, j0, mom);
+      columns_moments<kCells, false>(width, xdat, misind, ydat, noc_all, m_all, j0, mom, zeroed);
   });
 }
 
@@ -258,25 +301,32 @@ void all_moments(FMatrixView<const double> xdat, const FMatrixView<const char>* 
 void meanss(FMatrixView<const double> xdat, std::span<const int> ydat, std::span<const int> noc,
             int m, Moments& mom, Squares squares) {
   shape(mom, static_cast<int>(noc.size()), static_cast<int>(xdat.extent2()));
-  all_moments<false>(xdat, nullptr, ydat, noc, m, mom, squares);
+  all_moments<Cells::all>(xdat, nullptr, ydat, noc, m, mom, squares);
 }
 
 void meanss_column(FMatrixView<const double> xdat, std::span<const int> ydat,
                    std::span<const int> noc, int m, int j, Moments& mom) {
   shape(mom, static_cast<int>(noc.size()), static_cast<int>(xdat.extent2()));
-  group_moments<false, true, 1>(xdat, nullptr, ydat, noc, m, j, mom);
+  group_moments<Cells::all, true, 1>(xdat, nullptr, ydat, noc, m, j, mom);
 }
 
 void meanss1(FMatrixView<const double> xdat, FMatrixView<const char> misind,
              std::span<const int> ydat, int nclass, Moments& mom, Squares squares) {
   shape(mom, nclass, static_cast<int>(xdat.extent2()));
-  all_moments<true>(xdat, &misind, ydat, {}, 0, mom, squares);
+  all_moments<Cells::masked>(xdat, &misind, ydat, {}, 0, mom, squares);
 }
 
 void meanss1_column(FMatrixView<const double> xdat, FMatrixView<const char> misind,
                     std::span<const int> ydat, int nclass, int j, Moments& mom) {
   shape(mom, nclass, static_cast<int>(xdat.extent2()));
-  group_moments<true, true, 1>(xdat, &misind, ydat, {}, 0, j, mom);
+  group_moments<Cells::masked, true, 1>(xdat, &misind, ydat, {}, 0, j, mom);
+}
+
+void meanss1_zeroed(const ZeroedCells& cells, FMatrixView<const char> misind,
+                    std::span<const int> ydat, std::span<const int> noc, Moments& mom) {
+  const FMatrixView<const double> xdat = cells.x;
+  shape(mom, static_cast<int>(noc.size()), static_cast<int>(xdat.extent2()));
+  all_moments<Cells::zeroed>(xdat, &misind, ydat, noc, 0, mom, Squares::tests_only, &cells);
 }
 
 }  // namespace vardel

@@ -5,6 +5,7 @@
 #include <iostream>
 #include <map>
 #include <mutex>
+#include <optional>
 #include <vector>
 
 #include "missing/node_means.hpp"
@@ -13,6 +14,7 @@
 #include "run/stop.hpp"
 #include "split/classify.hpp"
 #include "split/node_split.hpp"
+#include "tree/missing_cells.hpp"
 #include "tree/node_class.hpp"
 #include "tree/tree_store.hpp"
 
@@ -57,6 +59,8 @@ struct Growth {
   int ncomplete = 0;
   GrowthTable table;
   bool any_missing = false;  // whether the table has a missing cell
+  // Missing cells hold +0.0 whenever a node starts (see meanss1_zeroed).
+  bool zeroed = false;
   std::atomic<int> nodes{0};
   std::mutex grown_mutex;
   std::map<int, GrownNode> grown;  // finished nodes by number
@@ -75,6 +79,28 @@ struct Dispatch {
   bool node_means;  // fill missing cells with the node's class centres first
 };
 
+// The classify member for the missing-value settings; nothing for settings
+// that are not available.
+std::optional<Dispatch> classify_dispatch(const Init& in) {
+  const int b = in.impbuild;
+  const int r = in.impprune;
+  if (in.misslearn != 'y' && in.misstest != 'y')
+    return Dispatch{Search::classify, Member::c0, false};
+  if (r < 5) {
+    if (b == 1) return Dispatch{Search::classify, Member::c1, true};
+    if (b == 2) return Dispatch{Search::classify, Member::c0, true};
+    if (b == 3) return Dispatch{Search::classify, Member::c3, true};
+    return Dispatch{Search::classify, Member::c0, false};
+  }
+  if (r == 5) {
+    if (b == 1) return Dispatch{Search::classify, Member::c15, true};
+    if (b == 2) return Dispatch{Search::classify, Member::c25, true};
+    if (b == 3) return Dispatch{Search::classify, Member::c5, true};
+    return Dispatch{Search::classify, Member::c25, false};
+  }
+  return std::nullopt;
+}
+
 // The split routine of a node, from the missing-value settings as they
 // stand (they may change during a build).
 Dispatch dispatch(Init& in) {
@@ -89,23 +115,18 @@ Dispatch dispatch(Init& in) {
         << std::endl;
     stop_run(1);
   }
-  const int b = in.impbuild;
-  const int r = in.impprune;
-  if (in.misslearn != 'y' && in.misstest != 'y') return {Search::classify, Member::c0, false};
-  if (r < 5) {
-    if (b == 1) return {Search::classify, Member::c1, true};
-    if (b == 2) return {Search::classify, Member::c0, true};
-    if (b == 3) return {Search::classify, Member::c3, true};
-    return {Search::classify, Member::c0, false};
-  }
-  if (r == 5) {
-    if (b == 1) return {Search::classify, Member::c15, true};
-    if (b == 2) return {Search::classify, Member::c25, true};
-    if (b == 3) return {Search::classify, Member::c5, true};
-    return {Search::classify, Member::c25, false};
-  }
+  if (const std::optional<Dispatch> d = classify_dispatch(in)) return *d;
   std::cout << "  ***ERROR*** Proxy splits are not available in this version" << std::endl;
   stop_run(1);
+}
+
+// Whether a growth under these settings keeps its missing cells at +0.0
+// between nodes: members that read filled cells of their split variable
+// alone, which meanss1_zeroed fills for them.
+bool keeps_missing_cells_zeroed(const Init& in) {
+  if (in.splitsel == 2) return false;
+  const std::optional<Dispatch> d = classify_dispatch(in);
+  return d && d->node_means && reads_filled_split_variable_only(d->member);
 }
 
 void pack_counts(std::vector<double>& y, int n, int iclass, double rt, const FArray<int>& noc) {
@@ -259,9 +280,14 @@ void ldfuni_fit(Growth& g, int t, int lo, int n) {
     // Tests on the present values read the same class means the filling
     // needs: worked out once, before the filling (which they do not see).
     Moments present;
-    if ((d.search == Search::exhaust0 ||
-         (d.search == Search::classify && tests_on_present_values(d.member))) &&
-        g.any_missing) {
+    std::vector<std::vector<int>> missing;  // with zeroed cells: the node's missing cells
+    if (g.zeroed) {
+      missing = missing_rows(node.misind);
+      meanss1_zeroed({node.xdat, missing}, node.misind, node.ydat.span(), node.noc.span(), present);
+      node.present_moments = &present;
+    } else if ((d.search == Search::exhaust0 ||
+                (d.search == Search::classify && tests_on_present_values(d.member))) &&
+               g.any_missing) {
       meanss1(node.xdat, node.misind, node.ydat.span(), k_classes, present, Squares::tests_only);
       node.present_moments = &present;
     }
@@ -306,6 +332,7 @@ void ldfuni_fit(Growth& g, int t, int lo, int n) {
       grown.split = true;
 
       const bool any_missing = g.any_missing && holds(node.misind, 'y');
+      if (g.zeroed) zero_cells(node.xdat, missing);
       node = NodeSample{};
       std::vector<int> start;
       std::vector<int> size;
@@ -440,6 +467,8 @@ void grow_and_store(Growth& g) {
   g.table.classes.resize(g.table.cases.size());
   for (std::size_t r = 0; r < g.table.cases.size(); ++r) g.table.classes[r] = g.y(g.table.cases[r]);
   g.any_missing = std::find(g.table.mis.begin(), g.table.mis.end(), 'y') != g.table.mis.end();
+  g.zeroed = g.any_missing && keeps_missing_cells_zeroed(init());
+  if (g.zeroed) zero_missing_cells(g.table.x, g.table.mis);
   const int n = static_cast<int>(g.table.cases.size());
   ldfuni_fit(g, 1, 0, n);
   init().nodes = g.nodes.load();

@@ -2,6 +2,10 @@
 // loop over each column, bit for bit, on random nodes of many shapes.
 #include <gtest/gtest.h>
 
+#include <cmath>
+
+#include <limits>
+
 #include <cstring>
 #include <ostream>
 #include <random>
@@ -147,6 +151,53 @@ TEST_P(ClassMomentsBits, MatchPlainTwoPassLoop) {
   expect_same(got, want_all, "meanss for the tests");
   meanss1(x, mis, y, s.nclass, got_one, Squares::tests_only);
   expect_same(got_one, want_present, "meanss1 for the tests");
+
+  // The same moments from a table whose missing cells hold +0.0, which then
+  // hold their class's mean.
+  FArray<double> zeroed_table = table;
+  std::vector<std::vector<int>> missing(static_cast<std::size_t>(s.nvar));
+  const FMatrixView<double> zx = FMatrixView<double>(zeroed_table).rows(pad, s.n);
+  for (int j = 1; j <= s.nvar; ++j)
+    for (int i = 1; i <= s.n; ++i)
+      if (mis(i, j) == 'y') {
+        zx(i, j) = 0.0;
+        missing[static_cast<std::size_t>(j - 1)].push_back(i);
+      }
+  Moments got_zeroed;
+  meanss1_zeroed({zx, missing}, mis, y, noc, got_zeroed);
+  got_zeroed.tss.fill(-1.0);
+  expect_same(got_zeroed, want_present, "meanss1 on zeroed cells");
+  bool filled = true;
+  for (int j = 1; j <= s.nvar; ++j)
+    for (int i : missing[static_cast<std::size_t>(j - 1)])
+      filled = filled &&
+               std::memcmp(&zx(i, j), &want_present.xmean(y[static_cast<std::size_t>(i - 1)], j),
+                           sizeof(double)) == 0;
+  EXPECT_TRUE(filled);
+}
+
+TEST(ClassMomentsZeroed, ColumnWithAnInfiniteValueIsWorkedOutWithTheMask) {
+  // Class 1's present values overflow to +inf: inf - inf is no +0.0, so the
+  // missing cells cannot stand in for present ones in the squares.
+  const double big = std::numeric_limits<double>::max();
+  FArray<double> table(6, 2, 0.0);
+  const std::vector<int> y = {1, 1, 1, 2, 2, 2};
+  const std::vector<int> noc = {3, 3};
+  FArray<char> flags(6, 2, 'n');
+  const double column1[] = {big, big, 0.0, 1.0, 0.0, 3.0};
+  const double column2[] = {1.0, 2.0, 3.0, 0.0, 5.0, 6.0};
+  for (int i = 1; i <= 6; ++i) {
+    table(i, 1) = column1[i - 1];
+    table(i, 2) = column2[i - 1];
+  }
+  flags(3, 1) = flags(5, 1) = flags(4, 2) = 'y';
+  Moments want;
+  meanss1(table, flags, y, 2, want, Squares::tests_only);
+  const std::vector<std::vector<int>> missing = {{3, 5}, {4}};
+  Moments got;
+  meanss1_zeroed({table, missing}, flags, y, noc, got);
+  expect_same(got, want, "overflowing column");
+  EXPECT_TRUE(std::isinf(want.xmean(1, 1)));
 }
 
 INSTANTIATE_TEST_SUITE_P(Shapes, ClassMomentsBits,

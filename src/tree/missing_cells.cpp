@@ -1,0 +1,65 @@
+#include "tree/missing_cells.hpp"
+
+#include <bit>
+#include <cstdint>
+#include <cstring>
+
+#include "numerics/parallel_for.hpp"
+
+namespace vardel {
+
+namespace {
+
+// Appends to rows the positions (from 1) of the 'y' flags of a column. Flags
+// are nearly all 'n': they are looked at eight at a time.
+void append_missing(std::span<const char> flags, std::vector<int>& rows) {
+  constexpr std::uint64_t kAllPresent = 0x6e6e6e6e6e6e6e6eULL;  // eight 'n'
+  constexpr std::uint64_t kLow7 = 0x7f7f7f7f7f7f7f7fULL;
+  static_assert(kAllPresent / 0x0101010101010101ULL == 'n');
+  const std::size_t n = flags.size();
+  std::size_t r = 0;
+  for (; r + 8 <= n; r += 8) {
+    std::uint64_t word;
+    std::memcpy(&word, flags.data() + r, sizeof word);
+    // The top bit of each byte that differs from 'n', lowest byte first.
+    const std::uint64_t diff = word ^ kAllPresent;
+    std::uint64_t marks = (((diff & kLow7) + kLow7) | diff) & ~kLow7;
+    while (marks != 0) {
+      const std::size_t b = r + static_cast<std::size_t>(std::countr_zero(marks) / 8);
+      if (flags[b] == 'y') rows.push_back(static_cast<int>(b) + 1);
+      marks &= marks - 1;
+    }
+  }
+  for (; r < n; ++r)
+    if (flags[r] == 'y') rows.push_back(static_cast<int>(r) + 1);
+}
+
+}  // namespace
+
+std::vector<std::vector<int>> missing_rows(FMatrixView<const char> mis) {
+  std::vector<std::vector<int>> rows(static_cast<std::size_t>(mis.extent2()));
+  parallel_for(1, mis.extent2(), static_cast<std::size_t>(mis.extent1()) / 8,
+               [&](std::ptrdiff_t j) {
+                 append_missing(mis.column(j), rows[static_cast<std::size_t>(j - 1)]);
+               });
+  return rows;
+}
+
+void zero_cells(FMatrixView<double> x, std::span<const std::vector<int>> rows) {
+  for (std::ptrdiff_t j = 1; j <= x.extent2(); ++j) {
+    const std::span<double> column = x.column(j);
+    for (int r : rows[static_cast<std::size_t>(j - 1)])
+      column[static_cast<std::size_t>(r - 1)] = 0.0;
+  }
+}
+
+void zero_missing_cells(FMatrixView<double> x, FMatrixView<const char> mis) {
+  parallel_for(1, x.extent2(), static_cast<std::size_t>(x.extent1()), [&](std::ptrdiff_t j) {
+    const std::span<double> column = x.column(j);
+    const std::span<const char> flags = mis.column(j);
+    for (std::size_t r = 0; r < column.size(); ++r)
+      if (flags[r] == 'y') column[r] = 0.0;
+  });
+}
+
+}  // namespace vardel

@@ -1,0 +1,40 @@
+#include "tree/missing_cells.hpp"
+
+#include <gtest/gtest.h>
+
+#include <random>
+#include <vector>
+
+namespace vardel {
+namespace {
+
+TEST(MissingCells, RowsMatchAPlainScanForEveryLengthAndOffset) {
+  std::mt19937 rng(7);
+  const char kinds[] = {'n', 'n', 'n', 'n', 'n', 'y', 'x'};  // 'x': neither
+  for (int n = 0; n <= 40; ++n) {
+    const int pad = n % 3;  // blocks that start inside a word
+    FArray<char> flags(n + pad, 3, 'n');
+    for (char& f : flags) f = kinds[rng() % 7];
+    const FMatrixView<const char> block = FMatrixView<const char>(flags).rows(pad, n);
+    const std::vector<std::vector<int>> rows = missing_rows(block);
+    ASSERT_EQ(rows.size(), 3u);
+    for (int j = 1; j <= 3; ++j) {
+      std::vector<int> want;
+      for (int i = 1; i <= n; ++i)
+        if (block(i, j) == 'y') want.push_back(i);
+      EXPECT_EQ(rows[static_cast<std::size_t>(j - 1)], want) << "n " << n << " column " << j;
+    }
+
+    FArray<double> x(n + pad, 3, 1.5);
+    const FMatrixView<double> xb = FMatrixView<double>(x).rows(pad, n);
+    zero_cells(xb, rows);
+    FArray<double> y(n + pad, 3, 1.5);
+    zero_missing_cells(FMatrixView<double>(y).rows(pad, n), block);
+    EXPECT_EQ(x.vector(), y.vector());
+    for (int j = 1; j <= 3; ++j)
+      for (int i = 1; i <= n; ++i) EXPECT_EQ(xb(i, j), block(i, j) == 'y' ? 0.0 : 1.5);
+  }
+}
+
+}  // namespace
+}  // namespace vardel
