@@ -202,9 +202,12 @@ void pack_split(std::vector<double>& record, const SplitResult& split, const FAr
 // Makes each subnode's cases one block of rows of the node's block (rows
 // lo + 1 .. lo + n, py(r) the subnode of row r), in case order: a stable
 // reordering of the rows by subnode. start and size: each subnode's block,
-// counted from lo. The missing flags move too when the block has any.
+// counted from lo. The missing flags move too when the block has any. With
+// the node's missing rows (cells kept at +0.0), the subnodes' missing rows
+// come from them and the flags are written from those.
 void split_block(GrowthTable& table, int lo, const FArray<int>& py, bool move_flags,
-                 std::vector<int>& start, std::vector<int>& size) {
+                 std::vector<int>& start, std::vector<int>& size, const MissingRows* missing,
+                 std::vector<MissingRows>& sub_missing) {
   const int k_classes = init().nclass;
   const auto n = static_cast<std::size_t>(py.size());
   size.assign(static_cast<std::size_t>(k_classes), 0);
@@ -229,11 +232,18 @@ void split_block(GrowthTable& table, int lo, const FArray<int>& py, bool move_fl
   std::copy(moved_cases.begin(), moved_cases.end(), cases.begin());
   std::copy(moved_classes.begin(), moved_classes.end(), classes.begin());
   move_rows(table.x, lo, dest);
-  if (move_flags) move_rows(table.mis, lo, dest);
+  if (missing != nullptr) {
+    sub_missing = subnode_missing_rows(*missing, py.span(), dest, start);
+    write_flags(FMatrixView<char>(table.mis).rows(lo, static_cast<std::ptrdiff_t>(n)), sub_missing,
+                start);
+  } else if (move_flags) {
+    move_rows(table.mis, lo, dest);
+  }
 }
 
 // Finishes node t, rows lo + 1 .. lo + n of the table, and everything below it.
-void ldfuni_fit(Growth& g, int t, int lo, int n) {
+// missing: the node's missing rows when cells are kept at +0.0.
+void ldfuni_fit(Growth& g, int t, int lo, int n, MissingRows&& missing) {
   Init& in = init();
   const int k_classes = in.nclass;
   const int p = in.nvar;
@@ -280,9 +290,7 @@ void ldfuni_fit(Growth& g, int t, int lo, int n) {
     // Tests on the present values read the same class means the filling
     // needs: worked out once, before the filling (which they do not see).
     Moments present;
-    std::vector<std::vector<int>> missing;  // with zeroed cells: the node's missing cells
     if (g.zeroed) {
-      missing = missing_rows(node.misind);
       meanss1_zeroed({node.xdat, missing}, node.misind, node.ydat.span(), node.noc.span(), present);
       node.present_moments = &present;
     } else if ((d.search == Search::exhaust0 ||
@@ -331,19 +339,23 @@ void ldfuni_fit(Growth& g, int t, int lo, int n) {
       pack_split(record, split, grand, meanmode);
       grown.split = true;
 
-      const bool any_missing = g.any_missing && holds(node.misind, 'y');
+      const bool any_missing = g.any_missing && !g.zeroed && holds(node.misind, 'y');
       if (g.zeroed) zero_cells(node.xdat, missing);
       node = NodeSample{};
       std::vector<int> start;
       std::vector<int> size;
-      split_block(table, lo, split.py, any_missing, start, size);
+      std::vector<MissingRows> sub_missing(static_cast<std::size_t>(k_classes));
+      split_block(table, lo, split.py, any_missing, start, size, g.zeroed ? &missing : nullptr,
+                  sub_missing);
+      missing = MissingRows{};
       split = SplitResult{};
       g.keep(t, std::move(grown));
       // The subtrees share nothing but the tree's cases, each its own rows:
       // they grow side by side, and the store gets them in order at the end.
       fork_join(k_classes, [&](std::ptrdiff_t k) {
         const auto s = static_cast<std::size_t>(k);
-        ldfuni_fit(g, child_of(t, static_cast<int>(k) + 1, k_classes), lo + start[s], size[s]);
+        ldfuni_fit(g, child_of(t, static_cast<int>(k) + 1, k_classes), lo + start[s], size[s],
+                   std::move(sub_missing[s]));
       });
       return;
     }
@@ -467,10 +479,18 @@ void grow_and_store(Growth& g) {
   g.table.classes.resize(g.table.cases.size());
   for (std::size_t r = 0; r < g.table.cases.size(); ++r) g.table.classes[r] = g.y(g.table.cases[r]);
   g.any_missing = std::find(g.table.mis.begin(), g.table.mis.end(), 'y') != g.table.mis.end();
-  g.zeroed = g.any_missing && keeps_missing_cells_zeroed(init());
-  if (g.zeroed) zero_missing_cells(g.table.x, g.table.mis);
+  // Cells are kept at +0.0 only where flags are 'y' or 'n': the subnodes'
+  // flags are written from their missing rows.
+  g.zeroed = g.any_missing && keeps_missing_cells_zeroed(init()) &&
+             std::all_of(g.table.mis.begin(), g.table.mis.end(),
+                         [](char f) { return f == 'y' || f == 'n'; });
+  MissingRows missing;
+  if (g.zeroed) {
+    zero_missing_cells(g.table.x, g.table.mis);
+    missing = missing_rows(g.table.mis);
+  }
   const int n = static_cast<int>(g.table.cases.size());
-  ldfuni_fit(g, 1, 0, n);
+  ldfuni_fit(g, 1, 0, n, std::move(missing));
   init().nodes = g.nodes.load();
   store_subtree(g, 1);
 }

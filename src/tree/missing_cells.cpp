@@ -1,5 +1,6 @@
 #include "tree/missing_cells.hpp"
 
+#include <algorithm>
 #include <bit>
 #include <cstdint>
 #include <cstring>
@@ -36,8 +37,8 @@ void append_missing(std::span<const char> flags, std::vector<int>& rows) {
 
 }  // namespace
 
-std::vector<std::vector<int>> missing_rows(FMatrixView<const char> mis) {
-  std::vector<std::vector<int>> rows(static_cast<std::size_t>(mis.extent2()));
+MissingRows missing_rows(FMatrixView<const char> mis) {
+  MissingRows rows(static_cast<std::size_t>(mis.extent2()));
   parallel_for(1, mis.extent2(), static_cast<std::size_t>(mis.extent1()) / 8,
                [&](std::ptrdiff_t j) {
                  append_missing(mis.column(j), rows[static_cast<std::size_t>(j - 1)]);
@@ -45,12 +46,39 @@ std::vector<std::vector<int>> missing_rows(FMatrixView<const char> mis) {
   return rows;
 }
 
-void zero_cells(FMatrixView<double> x, std::span<const std::vector<int>> rows) {
-  for (std::ptrdiff_t j = 1; j <= x.extent2(); ++j) {
+void zero_cells(FMatrixView<double> x, const MissingRows& rows) {
+  parallel_for(1, x.extent2(), static_cast<std::size_t>(x.extent1()) / 16, [&](std::ptrdiff_t j) {
     const std::span<double> column = x.column(j);
     for (int r : rows[static_cast<std::size_t>(j - 1)])
       column[static_cast<std::size_t>(r - 1)] = 0.0;
-  }
+  });
+}
+
+std::vector<MissingRows> subnode_missing_rows(const MissingRows& rows, std::span<const int> sub,
+                                              std::span<const int> dest,
+                                              std::span<const int> start) {
+  const std::size_t subnodes = start.size();
+  std::vector<MissingRows> out(subnodes, MissingRows(rows.size()));
+  parallel_for(1, static_cast<std::ptrdiff_t>(rows.size()), sub.size() / 16, [&](std::ptrdiff_t c) {
+    const auto j = static_cast<std::size_t>(c - 1);
+    for (int r : rows[j]) {
+      const auto k = static_cast<std::size_t>(sub[static_cast<std::size_t>(r - 1)] - 1);
+      out[k][j].push_back(dest[static_cast<std::size_t>(r - 1)] - start[k] + 1);
+    }
+  });
+  return out;
+}
+
+void write_flags(FMatrixView<char> mis, const std::vector<MissingRows>& sub_rows,
+                 std::span<const int> start) {
+  parallel_for(1, mis.extent2(), static_cast<std::size_t>(mis.extent1()) / 16,
+               [&](std::ptrdiff_t j) {
+                 const std::span<char> column = mis.column(j);
+                 std::fill(column.begin(), column.end(), 'n');
+                 for (std::size_t k = 0; k < sub_rows.size(); ++k)
+                   for (int r : sub_rows[k][static_cast<std::size_t>(j - 1)])
+                     column[static_cast<std::size_t>(start[k] + r - 1)] = 'y';
+               });
 }
 
 void zero_missing_cells(FMatrixView<double> x, FMatrixView<const char> mis) {
