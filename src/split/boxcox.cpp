@@ -6,6 +6,7 @@
 #include <cmath>
 #include <cstddef>
 #include <limits>
+#include <utility>
 #include <vector>
 
 #include "numerics/farray.hpp"
@@ -98,32 +99,89 @@ double class_spread(std::span<const double> z, FView<const int> ydat, FView<cons
   return ss / static_cast<double>(n);
 }
 
+// class_spread of two sets of values at once, each summed exactly as alone.
+std::pair<double, double> class_spreads(std::span<const double> za, std::span<const double> zb,
+                                        FView<const int> ydat, FView<const int> noc,
+                                        FArray<double>& mean_a, FArray<double>& mean_b) {
+  mean_a.fill(0.0);
+  mean_b.fill(0.0);
+  const Index n = ydat.size();
+  for (Index i = 1; i <= n; ++i) {
+    const auto at = static_cast<std::size_t>(i - 1);
+    mean_a(ydat(i)) += za[at];
+    mean_b(ydat(i)) += zb[at];
+  }
+  for (Index k = 1; k <= noc.size(); ++k) {
+    if (noc(k) != 0) {
+      mean_a(k) = mean_a(k) / noc(k);
+      mean_b(k) = mean_b(k) / noc(k);
+    }
+  }
+  double ss_a = 0.0;
+  double ss_b = 0.0;
+  for (Index i = 1; i <= n; ++i) {
+    const auto at = static_cast<std::size_t>(i - 1);
+    const double da = za[at] - mean_a(ydat(i));
+    const double db = zb[at] - mean_b(ydat(i));
+    ss_a += da * da;
+    ss_b += db * db;
+  }
+  return {ss_a / static_cast<double>(n), ss_b / static_cast<double>(n)};
+}
+
 void store_means(const FArray<double>& mean, FView<const int> noc, FView<double> xmean) {
   for (Index k = 1; k <= noc.size(); ++k) {
     if (noc(k) != 0) xmean(k) = mean(k);
   }
 }
 
+// Guards the minima: independent running minima over every fourth value, so
+// that their comparisons overlap. A minimum does not depend on the order of
+// the values (equal zeros of either sign give the same shift).
+constexpr std::size_t kMinima = 4;
+
+// The least value of x (kAbove: of the values above floor); found is false
+// when there is none. NaN values are passed over.
+template <bool kAbove>
+double least_value(std::span<const double> x, double floor, bool& found) {
+  // A running minimum starts as NaN: the first value taken replaces it.
+  std::array<double, kMinima> low;
+  low.fill(std::numeric_limits<double>::quiet_NaN());
+  auto take = [floor](double v, double& to) {
+    const bool counts = kAbove ? v > floor : v == v;
+    if (counts && !(v >= to)) to = v;
+  };
+  std::size_t i = 0;
+  for (; i + kMinima <= x.size(); i += kMinima) {
+    for (std::size_t k = 0; k < kMinima; ++k) take(x[i + k], low[k]);
+  }
+  for (; i < x.size(); ++i) take(x[i], low[0]);
+  double least = 0.0;
+  found = false;
+  for (const double v : low) {
+    if (v == v && (!found || v < least)) {
+      least = v;
+      found = true;
+    }
+  }
+  return least;
+}
+
 // Moves x onto the positive half-line and returns the amount subtracted.
 double shift_positive(std::span<double> x) {
-  double m = std::numeric_limits<double>::max();
-  for (const double v : x) {
-    if (v < m) m = v;
-  }
+  // m: the least value, or the largest double when none is below it.
+  constexpr double kLargest = std::numeric_limits<double>::max();
+  bool found = false;
+  const double least = least_value<false>(x, 0.0, found);
+  const double m = found && least < kLargest ? least : kLargest;
   double shift = 0.0;
   if (m == 0.0) {
     shift = -1.0;
   } else if (m < 0.0) {
     // s: the least value above m, or m itself when all values are equal;
     // the least shifted value is then s - m.
-    double s = m;
-    bool found = false;
-    for (const double v : x) {
-      if (v > m && (!found || v < s)) {
-        s = v;
-        found = true;
-      }
-    }
+    const double above = least_value<true>(x, m, found);
+    const double s = found ? above : m;
     shift = 2.0 * m - s;
   }
   bool near_zero = false;
@@ -176,10 +234,10 @@ BoxCoxResult boxcox(std::span<double> x, std::span<const int> ydat, double& mse,
   FArray<double> last_mean(nc.size(), 0.0);
   double last_v = 0.0;
   double best = std::numeric_limits<double>::max();
-  for (Index ig = 1; ig <= grid.size; ++ig) {
+  // Takes the spread v of power ig (values z, class means m); true when the
+  // walk ends there, with x, mse and xmean set for the power before it.
+  auto ends_at = [&](Index ig, double v, std::vector<double>& zp, FArray<double>& m) {
     const double p = grid(ig);
-    transform(x, p, z, few, once);
-    const double v = class_spread(z, y, nc, mean);
     const double c = v < kTiny ? kLowGuard : std::log(v) - 2.0 / dn * p * sum_log;
     // The first power is always taken, even when c is +inf from an overflow.
     if (ig > 1 && best <= c) {
@@ -187,12 +245,32 @@ BoxCoxResult boxcox(std::span<double> x, std::span<const int> ydat, double& mse,
       std::copy(last.begin(), last.end(), x.begin());
       mse = last_v;
       store_means(last_mean, nc, xm);
-      return {grid(ig - 1), shift};
+      return true;
     }
     best = c;
-    z.swap(last);
-    std::swap(mean, last_mean);
+    zp.swap(last);
+    std::swap(m, last_mean);
     last_v = v;
+    return false;
+  };
+  // With few distinct values a power costs little to transform, and the
+  // spreads, sequential sums, take the time: two powers are tried side by
+  // side, the second perhaps in vain.
+  std::vector<double> z2(few != nullptr ? x.size() : 0);
+  FArray<double> mean2(nc.size(), 0.0);
+  for (Index ig = 1; ig <= grid.size; ++ig) {
+    if (few != nullptr && ig < grid.size) {
+      transform(x, grid(ig), z, few, once);
+      transform(x, grid(ig + 1), z2, few, once);
+      const auto [v, v2] = class_spreads(z, z2, y, nc, mean, mean2);
+      if (ends_at(ig, v, z, mean)) return {grid(ig - 1), shift};
+      ++ig;
+      if (ends_at(ig, v2, z2, mean2)) return {grid(ig - 1), shift};
+      continue;
+    }
+    transform(x, grid(ig), z, few, once);
+    const double v = class_spread(z, y, nc, mean);
+    if (ends_at(ig, v, z, mean)) return {grid(ig - 1), shift};
   }
 
   // Every power improved: the last one stands.

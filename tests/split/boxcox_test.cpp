@@ -3,6 +3,9 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <functional>
+#include <random>
+#include <set>
 #include <vector>
 
 #include "split/guards.hpp"
@@ -98,6 +101,103 @@ TEST(Boxcox, NoSpread) {
   EXPECT_EQ(mse, 1e-310);
   EXPECT_EQ(x, (std::vector<double>{0, 1, 4}));
   EXPECT_EQ(xmean, (std::vector<double>{0.5, 4}));
+}
+
+// The walk done plainly, value by value, for columns long enough and
+// repetitive enough that boxcox transforms distinct values and tries powers
+// two at a time: the results must agree bit for bit.
+struct PlainWalk {
+  std::vector<double> x;
+  std::vector<double> xmean;
+  double mse = 0.0;
+  double lambda = 0.0;
+  double shift = 0.0;
+};
+
+PlainWalk plain_walk(std::vector<double> x, const std::vector<int>& y, int nclass) {
+  PlainWalk w;
+  double m = 1.7976931348623157e308;
+  for (double v : x) m = v < m ? v : m;
+  if (m == 0.0) {
+    w.shift = -1.0;
+  } else if (m < 0.0) {
+    double s = m;
+    for (double v : x)
+      if (v > m && (s == m || v < s)) s = v;
+    w.shift = 2.0 * m - s;
+  }
+  bool near_zero = false;
+  for (double& v : x) near_zero = (v = v - w.shift) < kEps || near_zero;
+  if (near_zero) {
+    w.shift -= 1.0;
+    for (double& v : x) v = v + 1.0;
+  }
+  double sum_log = 0.0;
+  for (double v : x) sum_log += std::log(v);
+  const double n = static_cast<double>(x.size());
+  double best = 1.7976931348623157e308;
+  for (int g = 0; g < 6; ++g) {
+    const double p = kGrid6[g];
+    std::vector<double> z;
+    for (double v : x) z.push_back((std::pow(v, p) - 1.0) / p);
+    std::vector<double> mean(static_cast<std::size_t>(nclass), 0.0);
+    std::vector<int> count(static_cast<std::size_t>(nclass), 0);
+    for (std::size_t i = 0; i < z.size(); ++i) {
+      mean[static_cast<std::size_t>(y[i] - 1)] += z[i];
+      ++count[static_cast<std::size_t>(y[i] - 1)];
+    }
+    for (std::size_t k = 0; k < mean.size(); ++k)
+      if (count[k] != 0) mean[k] /= count[k];
+    double ss = 0.0;
+    for (std::size_t i = 0; i < z.size(); ++i) {
+      const double d = z[i] - mean[static_cast<std::size_t>(y[i] - 1)];
+      ss += d * d;
+    }
+    const double v = ss / n;
+    const double c = v < kTiny ? kLowGuard : std::log(v) - 2.0 / n * p * sum_log;
+    if (g > 0 && best <= c) break;
+    best = c;
+    w.x = z;
+    w.xmean = mean;
+    w.mse = v;
+    w.lambda = p;
+  }
+  return w;
+}
+
+TEST(Boxcox, RepeatedValuesGiveThePlainWalkBitForBit) {
+  std::mt19937 rng(3);
+  std::normal_distribution<double> normal(0.0, 1.0);
+  // Values to three decimals, shaped so that walks end at different powers,
+  // with a shift or without.
+  const std::vector<std::function<double(double)>> shapes = {
+      [](double v) { return v; }, [](double v) { return std::exp(v); },
+      [](double v) { return v * v + 0.5; }, [](double v) { return std::exp(-2.0 * v) + 3.0; }};
+  std::set<double> powers;
+  for (std::size_t shape = 0; shape < shapes.size(); ++shape) {
+    for (int n : {64, 500, 5000}) {
+      std::vector<double> x;
+      std::vector<int> y;
+      for (int i = 0; i < n; ++i) {
+        const int k = 1 + static_cast<int>(rng() % 3);
+        y.push_back(k);
+        x.push_back(std::round(shapes[shape](normal(rng) + 0.4 * k) * 1e3) / 1e3);
+      }
+      std::vector<int> noc(3, 0);
+      for (int k : y) ++noc[static_cast<std::size_t>(k - 1)];
+      const PlainWalk want = plain_walk(x, y, 3);
+      std::vector<double> xmean(3, 0.0);
+      double mse = 1.0;
+      const BoxCoxResult got = boxcox(x, y, mse, xmean, noc, 2);
+      powers.insert(got.lambda);
+      EXPECT_EQ(got.lambda, want.lambda) << shape << " " << n;
+      EXPECT_EQ(got.shift, want.shift) << shape << " " << n;
+      EXPECT_EQ(mse, want.mse) << shape << " " << n;
+      EXPECT_EQ(x, want.x) << shape << " " << n;
+      EXPECT_EQ(xmean, want.xmean) << shape << " " << n;
+    }
+  }
+  EXPECT_GE(powers.size(), 3u);  // walks that end inside a pair and after one
 }
 
 }  // namespace
