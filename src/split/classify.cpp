@@ -4,6 +4,7 @@
 #include <cmath>
 #include <vector>
 
+#include "numerics/parallel_for.hpp"
 #include "numerics/round_to_long.hpp"
 #include "run/init.hpp"
 #include "split/backtran.hpp"
@@ -121,12 +122,16 @@ Choice choose_variable(const Init& in, const Traits& tr, const TestView& t, Mome
   Pick pc;
 
   if (tr.tests == Tests::common) {
-    if (numerical) {
-      meanss(t.x, t.y.span(), t.noc.span(), t.m, mom, Squares::tests_only);
-      pf = select1(mom, vtype);
-    }
-    if (ncat > 0)
-      pc = chi_sq(t.x, t.y.span(), t.noc.span(), t.m, in.catpos.span(), in.numcat.span());
+    // The two families of tests share nothing: they run side by side, so
+    // that the threads left over by one take tasks of the other.
+    fork_join(2, [&](std::ptrdiff_t family) {
+      if (family == 0 && numerical) {
+        meanss(t.x, t.y.span(), t.noc.span(), t.m, mom, Squares::tests_only);
+        pf = select1(mom, vtype);
+      }
+      if (family == 1 && ncat > 0)
+        pc = chi_sq(t.x, t.y.span(), t.noc.span(), t.m, in.catpos.span(), in.numcat.span());
+    });
   } else if (tr.tests == Tests::per_variable) {
     if (t.present != nullptr)
       mom = *t.present;
