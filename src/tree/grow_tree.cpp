@@ -153,9 +153,12 @@ std::vector<T>& scratch_of() {
 }
 
 // Reorders rows lo + 1 .. lo + n of every column of `table` so that row r
-// moves to row lo + 1 + dest[r - 1]. Each column is a task of its own.
-template <class T>
-void move_rows(FArray<T>& table, int lo, const std::vector<int>& dest) {
+// moves to row lo + 1 + dest[r - 1]. Each column is a task of its own, which
+// ends with then(j, column) while the column is at hand.
+template <class T, class Then = void (*)(std::ptrdiff_t, std::span<T>)>
+void move_rows(
+    FArray<T>& table, int lo, const std::vector<int>& dest,
+    Then then = [](std::ptrdiff_t, std::span<T>) {}) {
   const std::size_t n = dest.size();
   parallel_for(1, table.extent2(), n, [&](std::ptrdiff_t j) {
     const std::span<T> column = table.column(j).subspan(static_cast<std::size_t>(lo), n);
@@ -163,6 +166,7 @@ void move_rows(FArray<T>& table, int lo, const std::vector<int>& dest) {
     if (moved.size() < n) moved.resize(n);
     for (std::size_t r = 0; r < n; ++r) moved[static_cast<std::size_t>(dest[r])] = column[r];
     std::copy(moved.begin(), moved.begin() + static_cast<std::ptrdiff_t>(n), column.begin());
+    then(j, column);
   });
 }
 
@@ -231,14 +235,21 @@ void split_block(GrowthTable& table, int lo, const FArray<int>& py, bool move_fl
   }
   std::copy(moved_cases.begin(), moved_cases.end(), cases.begin());
   std::copy(moved_classes.begin(), moved_classes.end(), classes.begin());
-  move_rows(table.x, lo, dest);
-  if (missing != nullptr) {
-    sub_missing = subnode_missing_rows(*missing, py.span(), dest, start);
-    write_flags(FMatrixView<char>(table.mis).rows(lo, static_cast<std::ptrdiff_t>(n)), sub_missing,
-                start);
-  } else if (move_flags) {
-    move_rows(table.mis, lo, dest);
+  if (missing == nullptr) {
+    move_rows(table.x, lo, dest);
+    if (move_flags) move_rows(table.mis, lo, dest);
+    return;
   }
+  // The subnodes' missing cells go back to +0.0 as soon as their column has
+  // moved.
+  sub_missing = subnode_missing_rows(*missing, py.span(), dest, start);
+  move_rows(table.x, lo, dest, [&](std::ptrdiff_t j, std::span<double> column) {
+    for (std::size_t k = 0; k < sub_missing.size(); ++k)
+      for (int r : sub_missing[k][static_cast<std::size_t>(j - 1)])
+        column[static_cast<std::size_t>(start[k] + r - 1)] = 0.0;
+  });
+  write_flags(FMatrixView<char>(table.mis).rows(lo, static_cast<std::ptrdiff_t>(n)), sub_missing,
+              start);
 }
 
 // Finishes node t, rows lo + 1 .. lo + n of the table, and everything below it.
@@ -340,7 +351,6 @@ void ldfuni_fit(Growth& g, int t, int lo, int n, MissingRows&& missing) {
       grown.split = true;
 
       const bool any_missing = g.any_missing && !g.zeroed && holds(node.misind, 'y');
-      if (g.zeroed) zero_cells(node.xdat, missing);
       node = NodeSample{};
       std::vector<int> start;
       std::vector<int> size;

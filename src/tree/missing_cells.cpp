@@ -46,14 +46,6 @@ MissingRows missing_rows(FMatrixView<const char> mis) {
   return rows;
 }
 
-void zero_cells(FMatrixView<double> x, const MissingRows& rows) {
-  parallel_for(1, x.extent2(), static_cast<std::size_t>(x.extent1()) / 16, [&](std::ptrdiff_t j) {
-    const std::span<double> column = x.column(j);
-    for (int r : rows[static_cast<std::size_t>(j - 1)])
-      column[static_cast<std::size_t>(r - 1)] = 0.0;
-  });
-}
-
 std::vector<MissingRows> subnode_missing_rows(const MissingRows& rows, std::span<const int> sub,
                                               std::span<const int> dest,
                                               std::span<const int> start) {
@@ -61,9 +53,16 @@ std::vector<MissingRows> subnode_missing_rows(const MissingRows& rows, std::span
   std::vector<MissingRows> out(subnodes, MissingRows(rows.size()));
   parallel_for(1, static_cast<std::ptrdiff_t>(rows.size()), sub.size() / 16, [&](std::ptrdiff_t c) {
     const auto j = static_cast<std::size_t>(c - 1);
+    std::vector<std::size_t> count(subnodes, 0);
+    for (int r : rows[j])
+      ++count[static_cast<std::size_t>(sub[static_cast<std::size_t>(r - 1)] - 1)];
+    for (std::size_t k = 0; k < subnodes; ++k) {
+      out[k][j].resize(count[k]);
+      count[k] = 0;
+    }
     for (int r : rows[j]) {
       const auto k = static_cast<std::size_t>(sub[static_cast<std::size_t>(r - 1)] - 1);
-      out[k][j].push_back(dest[static_cast<std::size_t>(r - 1)] - start[k] + 1);
+      out[k][j][count[k]++] = dest[static_cast<std::size_t>(r - 1)] - start[k] + 1;
     }
   });
   return out;

@@ -15,9 +15,6 @@ using MissingRows = std::vector<std::vector<int>>;
 // For each column of mis, the rows (from 1) that hold 'y'.
 MissingRows missing_rows(FMatrixView<const char> mis);
 
-// Sets the listed cells of x to +0.0.
-void zero_cells(FMatrixView<double> x, const MissingRows& rows);
-
 // The missing rows of each subnode when a block splits: row r (from 1) goes
 // to subnode sub[r - 1] (1..K), at row dest[r - 1] + 1 of the block, whose
 // subnode k starts after row start[k - 1].

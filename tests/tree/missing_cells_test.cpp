@@ -27,10 +27,7 @@ TEST(MissingCells, RowsMatchAPlainScanForEveryLengthAndOffset) {
 
     FArray<double> x(n + pad, 3, 1.5);
     const FMatrixView<double> xb = FMatrixView<double>(x).rows(pad, n);
-    zero_cells(xb, rows);
-    FArray<double> y(n + pad, 3, 1.5);
-    zero_missing_cells(FMatrixView<double>(y).rows(pad, n), block);
-    EXPECT_EQ(x.vector(), y.vector());
+    zero_missing_cells(xb, block);
     for (int j = 1; j <= 3; ++j)
       for (int i = 1; i <= n; ++i) EXPECT_EQ(xb(i, j), block(i, j) == 'y' ? 0.0 : 1.5);
   }
