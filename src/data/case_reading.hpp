@@ -57,8 +57,7 @@ class CaseFile {
   using CaseHandler = std::function<void(std::span<const std::string_view>)>;
 
   // name: the file's name for messages, trimmed.
-  CaseFile(std::istream& in, std::string_view name, std::size_t part_bytes = kPlainPartBytes)
-      : name_(name), reader_(in), scan_(in, part_bytes) {}
+  CaseFile(std::istream& in, std::string_view name) : name_(name), reader_(in), scan_(in) {}
 
   // Counts whole cases of `width` tokens, each case one read; end of file
   // ends the count and a last incomplete case is not counted. Any other read

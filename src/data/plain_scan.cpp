@@ -15,6 +15,8 @@ constexpr std::size_t kBlock = std::size_t{1} << 20;
 
 // Files smaller than this per thread are counted on one thread.
 constexpr long long kMinSegment = 4LL << 20;
+// Guards the number of stretches when their size is given.
+constexpr long long kMaxSegments = 1024;
 
 // Per byte: bit 0 for a separator (blank, tab, carriage return, line end),
 // bit 1 for a character that makes the file not plain.
@@ -168,6 +170,11 @@ long long line_start_from(std::istream& in, long long at, long long bytes) {
 
 }  // namespace
 
+PlainSizes& plain_sizes() {
+  static PlainSizes sizes;
+  return sizes;
+}
+
 bool PlainScan::count(int width, PlainCount& out) {
   out = PlainCount{};
   in_.clear();
@@ -176,8 +183,11 @@ bool PlainScan::count(int width, PlainCount& out) {
   // The file is cut into stretches of whole lines counted at once, each as
   // if no read went on into it; a stretch that a read does go on into is
   // counted again, in turn, from the state the one before left.
-  const long long threads = parallel_threads();
-  const long long n = bytes > 0 ? std::clamp(bytes / kMinSegment, 1LL, threads) : 1;
+  long long n = 1;
+  if (bytes > 0 && sizes_.segment_bytes > 0)
+    n = std::clamp(bytes / sizes_.segment_bytes, 1LL, kMaxSegments);
+  else if (bytes > 0)
+    n = std::clamp(bytes / kMinSegment, 1LL, static_cast<long long>(parallel_threads()));
   std::vector<Segment> segments(static_cast<std::size_t>(n));
   for (long long k = 1; k < n; ++k) {
     const long long at = std::max(segments[static_cast<std::size_t>(k - 1)].from, bytes * k / n);
@@ -189,7 +199,7 @@ bool PlainScan::count(int width, PlainCount& out) {
   std::erase_if(segments, [](const Segment& s) { return s.from >= s.to; });
   if (segments.empty()) segments.emplace_back();
   std::mutex file;
-  SegmentCounter counter(in_, file, width, part_bytes_);
+  SegmentCounter counter(in_, file, width, sizes_.part_bytes);
   const std::ptrdiff_t last = static_cast<std::ptrdiff_t>(segments.size()) - 1;
   fork_join(last + 1, [&](std::ptrdiff_t k) {
     SegmentCounter own(counter);

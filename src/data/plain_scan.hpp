@@ -31,6 +31,18 @@ namespace vardel {
 // a part cheap, small enough to keep a part's text of each thread in memory.
 inline constexpr std::size_t kPlainPartBytes = std::size_t{4} << 20;
 
+// How plain files are cut: into parts of about part_bytes, and for the count
+// into stretches of about segment_bytes counted at once (0: the file shared
+// among the pool's threads).
+struct PlainSizes {
+  std::size_t part_bytes = kPlainPartBytes;
+  long long segment_bytes = 0;
+};
+
+// The sizes readers use; tests make them small to cut small files into many
+// pieces.
+PlainSizes& plain_sizes();
+
 struct PlainCount {
   long long cases = 0;   // whole reads of the width
   long long tokens = 0;  // all tokens of the file
@@ -71,8 +83,7 @@ inline unsigned char class_of(char c) {
 
 class PlainScan {
  public:
-  explicit PlainScan(std::istream& in, std::size_t part_bytes = kPlainPartBytes)
-      : in_(in), part_bytes_(part_bytes) {}
+  explicit PlainScan(std::istream& in, PlainSizes sizes = plain_sizes()) : in_(in), sizes_(sizes) {}
 
   // First pass from the start of the file; false if the file is not plain.
   bool count(int width, PlainCount& out);
@@ -82,7 +93,7 @@ class PlainScan {
 
  private:
   std::istream& in_;
-  std::size_t part_bytes_;
+  PlainSizes sizes_;
 };
 
 // Cuts the reads of `width` tokens out of a plain text that starts at a line
