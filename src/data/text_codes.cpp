@@ -2,6 +2,19 @@
 
 namespace vardel {
 
+namespace {
+
+// Byte by byte: the texts are a few characters long, too short for a call
+// of memcmp to pay.
+bool same_text(const std::string& a, std::string_view b) {
+  if (a.size() != b.size()) return false;
+  for (std::size_t k = 0; k < b.size(); ++k)
+    if (a[k] != b[k]) return false;
+  return true;
+}
+
+}  // namespace
+
 std::uint64_t TextCodes::hash(std::string_view text) {
   // Eight bytes at a time, each word mixed by a multiply and a rotation.
   constexpr std::uint64_t kMul = 0x9E3779B97F4A7C15ull;
@@ -32,7 +45,7 @@ int TextCodes::find(std::string_view text) const {
   for (std::size_t s = hash(text) & mask;; s = (s + 1) & mask) {
     const int code = slots_[s];
     if (code == 0) return 0;
-    if (texts_[static_cast<std::size_t>(code - 1)] == text) return code;
+    if (same_text(texts_[static_cast<std::size_t>(code - 1)], text)) return code;
   }
 }
 

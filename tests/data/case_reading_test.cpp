@@ -101,8 +101,10 @@ TEST(CaseReading, PlainFilesReadAsTheFullReaderReadsThem) {
 TEST(CaseReading, PartsMergeInFileOrder) {
   std::string many;
   for (int i = 0; i < 60; ++i) {
-    const std::string label = i % 11 == 4 ? "NA" : "L" + std::to_string((i * 7) % 5);
-    const std::string cat = i % 9 == 2 ? "NA" : "c" + std::to_string((i * 5) % 13 / 2);
+    const std::string label =
+        i % 11 == 4 ? "NA" : std::string("L").append(std::to_string(i * 7 % 5));
+    const std::string cat =
+        i % 9 == 2 ? "NA" : std::string("c").append(std::to_string(i * 5 % 13 / 2));
     const std::string b = i % 6 == 1 ? "NA" : std::to_string(i) + ".25";
     many +=
         std::to_string(-i) + (i % 8 == 3 ? "\n\n  " : " ") + b + " " + cat + " " + label + " q\n";
