@@ -9,7 +9,10 @@
 // count() is the first pass: it tells whether the file is plain and, if so,
 // how many whole reads of w tokens it holds, its tokens and its lines, and
 // cuts the file into parts of whole lines, each starting with a read, of
-// about kPlainPartBytes. read_part() gives a part's text, and split_cases()
+// about kPlainPartBytes. The count runs over stretches of the file on the
+// pool's threads at once, each counted as if no read went on into it, and
+// counts a stretch again in turn when one does; the results are those of one
+// count from the start. read_part() gives a part's text, and split_cases()
 // cuts a text into its reads, so parts can be handled one at a time or
 // several at once. A file that is not plain is left to the full free-form
 // reader.
