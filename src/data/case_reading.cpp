@@ -1,5 +1,6 @@
 #include "data/case_reading.hpp"
 
+#include <algorithm>
 #include <iostream>
 
 #include "data/input_failure.hpp"
@@ -48,6 +49,7 @@ std::vector<int> slots_by_type(const FArray<char>& alltype, bool label) {
 
 int CaseFile::count(int width, std::string_view error_head, std::string_view stop_line) {
   plain_ = scan_.count(width, plain_count_);
+  count_width_ = width;
   if (plain_) return static_cast<int>(plain_count_.cases);
   reader_.rewind();
   std::vector<std::string> tokens(static_cast<std::size_t>(width));
@@ -71,15 +73,36 @@ bool CaseFile::more_than(long long values) {
   return static_cast<bool>(reader_.skip_values(values + 1));
 }
 
-void CaseFile::read(int width, int cases, const PlainScan::CaseHandler& take) {
+const PlainCount& CaseFile::plain_count(int width) {
+  if (width == count_width_) return plain_count_;
+  // Reads of another width start on other lines: cut the parts again.
+  scan_.count(width, recount_);
+  return recount_;
+}
+
+void CaseFile::fail_short() {
+  // The next read meets the end of the file after its last line.
+  ReadResult r;
+  r.status = ReadStatus::end_of_file;
+  r.line = plain_count_.lines;
+  input_failure(name_, "a value of a case", r);
+}
+
+void CaseFile::read(int width, int cases, const CaseHandler& take) {
   if (plain_) {
-    if (scan_.read(width, cases, take) < cases) {
-      // The next read meets the end of the file after its last line.
-      ReadResult r;
-      r.status = ReadStatus::end_of_file;
-      r.line = plain_count_.lines;
-      input_failure(name_, "a value of a case", r);
+    const PlainCount& count = plain_count(width);
+    std::vector<char> text;
+    std::vector<std::string_view> tokens;
+    long long done = 0;
+    for (std::size_t p = 0; p < count.parts() && done < cases; ++p) {
+      scan_.read_part(count, p, text);
+      const long long want = std::min<long long>(count.part_cases(p), cases - done);
+      const long long got =
+          split_cases(std::string_view(text.data(), text.size()), width, want, tokens, take);
+      if (got < want) fail_short();
+      done += got;
     }
+    if (done < cases) fail_short();
     return;
   }
   reader_.rewind();

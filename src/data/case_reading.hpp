@@ -4,11 +4,15 @@
 //
 // CaseFile reads a plain file (see plain_scan.hpp) by splitting lines, and
 // any other file by the full free-form reader, with the same counts, tokens
-// and failures either way.
+// and failures either way. read_parts() shares a plain file's parts among
+// the pool's threads.
 #pragma once
 
+#include <atomic>
+#include <functional>
 #include <initializer_list>
 #include <istream>
+#include <mutex>
 #include <span>
 #include <string>
 #include <string_view>
@@ -18,6 +22,7 @@
 #include "data/plain_scan.hpp"
 #include "numerics/farray.hpp"
 #include "numerics/list_reader.hpp"
+#include "numerics/parallel_for.hpp"
 
 namespace vardel {
 
@@ -49,8 +54,10 @@ std::vector<int> slots_by_type(const FArray<char>& alltype, bool label);
 
 class CaseFile {
  public:
+  using CaseHandler = std::function<void(std::span<const std::string_view>)>;
+
   // name: the file's name for messages, trimmed.
-  CaseFile(std::istream& in, std::string_view name) : in_(in), name_(name), reader_(in) {}
+  CaseFile(std::istream& in, std::string_view name) : name_(name), reader_(in), scan_(in) {}
 
   // Counts whole cases of `width` tokens, each case one read; end of file
   // ends the count and a last incomplete case is not counted. Any other read
@@ -62,15 +69,65 @@ class CaseFile {
   // Reads `cases` cases of `width` tokens from the start, handing each to
   // take (tokens of at most 21 characters). A file that ends first ends the
   // run as an input failure.
-  void read(int width, int cases, const PlainScan::CaseHandler& take);
+  void read(int width, int cases, const CaseHandler& take);
+
+  // Reads as read() does, in parts of consecutive cases. Calls
+  // parts.begin(first) with the first case (from 0) of each part, then
+  // parts.take(p, tokens) for every case of part p, in order within a part.
+  // The parts of a plain file are read several at once on the pool's
+  // threads, no part on two threads at once; any other file is one part.
+  // A file that ends first ends the run, on this thread, after all parts.
+  template <class Parts>
+  void read_parts(int width, int cases, Parts& parts);
 
  private:
-  std::istream& in_;
+  // The count and parts of the plain file for reads of `width` tokens.
+  const PlainCount& plain_count(int width);
+  [[noreturn]] void fail_short();
+
   std::string name_;
   ListReader reader_;
-  PlainScan scan_{in_};
+  PlainScan scan_;
   bool plain_ = false;  // the file was found plain by count()
+  int count_width_ = 0;
   PlainCount plain_count_;
+  PlainCount recount_;  // parts for another width than the count's
 };
+
+template <class Parts>
+void CaseFile::read_parts(int width, int cases, Parts& parts) {
+  if (!plain_) {
+    const long long first[] = {0};
+    parts.begin(std::span<const long long>(first));
+    read(width, cases,
+         [&parts](std::span<const std::string_view> tokens) { parts.take(0, tokens); });
+    return;
+  }
+  const PlainCount& count = plain_count(width);
+  std::size_t n = 0;
+  while (n < count.parts() && count.part_first[n] < cases) ++n;
+  parts.begin(std::span<const long long>(count.part_first.data(), n));
+  std::vector<char> short_part(n, 0);
+  std::atomic<std::size_t> next{0};
+  std::mutex file;
+  fork_join(parallel_threads(), [&](std::ptrdiff_t) {
+    std::vector<char> text;
+    std::vector<std::string_view> tokens;
+    for (std::size_t p = next++; p < n; p = next++) {
+      {
+        const std::lock_guard<std::mutex> lock(file);
+        scan_.read_part(count, p, text);
+      }
+      const long long want = std::min<long long>(count.part_cases(p), cases - count.part_first[p]);
+      const long long got =
+          split_cases(std::string_view(text.data(), text.size()), width, want, tokens,
+                      [&parts, p](std::span<const std::string_view> t) { parts.take(p, t); });
+      short_part[p] = got < want;
+    }
+  });
+  for (char s : short_part)
+    if (s) fail_short();
+  if (count.cases < cases) fail_short();
+}
 
 }  // namespace vardel

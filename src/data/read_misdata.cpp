@@ -1,15 +1,14 @@
 #include "data/read_misdata.hpp"
 
-#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <iostream>
 #include <string>
-#include <unordered_map>
 #include <vector>
 
 #include "data/case_reading.hpp"
 #include "data/description_file.hpp"
+#include "data/learning_cases.hpp"
 #include "data/sample_columns.hpp"
 #include "numerics/format.hpp"
 #include "numerics/list_reader.hpp"
@@ -22,77 +21,6 @@ namespace vardel {
 namespace {
 
 constexpr const char* kDataStop = "  ***Program stopped due to the error in data file***";
-
-// Takes the cases as they are read: finds the first with a blank predictor,
-// drops those whose label is the missing code, numbers the classes in order
-// of first appearance and fills the predictor columns.
-class LearningCases {
- public:
-  LearningCases(Init& in, std::vector<int> slots, int capacity)
-      : in_(in),
-        slots_(std::move(slots)),
-        columns_(in, capacity, false, in.xdata, in.misind),
-        predictors_(static_cast<std::size_t>(in.nvar)),
-        misskey_(text_key(in.misscode)) {
-    classes_.reserve(static_cast<std::size_t>(capacity));
-  }
-
-  void take(std::span<const std::string_view> tokens) {
-    ++read_;
-    std::string_view label;
-    std::fill(predictors_.begin(), predictors_.end(), std::string_view());
-    for (std::size_t t = 0; t < slots_.size(); ++t) {
-      if (slots_[t] == 0)
-        label = tokens[t];
-      else if (slots_[t] > 0)
-        predictors_[static_cast<std::size_t>(slots_[t] - 1)] = tokens[t];
-    }
-    if (first_blank_ == 0) {
-      for (std::string_view p : predictors_)
-        if (text_key(p).empty()) first_blank_ = read_;
-    }
-    label = text_key(label);
-    if (label == misskey_) return;
-    columns_.add(predictors_);
-    auto it = class_of_.find(label);
-    if (it == class_of_.end()) {
-      it = class_of_.try_emplace(std::string(label), static_cast<int>(labels_.size()) + 1).first;
-      labels_.emplace_back(label);
-    }
-    classes_.push_back(it->second);
-  }
-
-  int first_blank() const { return first_blank_; }
-  SampleColumns& columns() { return columns_; }
-
-  // Fills clabel, cdata and noc (case i's label is clabel(cdata(i))).
-  void store_classes() {
-    Init& in = in_;
-    in.nclass = static_cast<int>(labels_.size());
-    in.clabel.assign(in.nclass);
-    for (int k = 1; k <= in.nclass; ++k)
-      in.clabel(k) = fixed_text(labels_[static_cast<std::size_t>(k - 1)], kNameLen);
-    in.cdata.assign(in.nobs, 0);
-    in.noc.assign(in.nclass, 0);
-    for (int i = 1; i <= in.nobs; ++i) {
-      const int k = classes_[static_cast<std::size_t>(i - 1)];
-      in.cdata(i) = k;
-      ++in.noc(k);
-    }
-  }
-
- private:
-  Init& in_;
-  std::vector<int> slots_;
-  SampleColumns columns_;
-  std::vector<std::string_view> predictors_;
-  std::string_view misskey_;
-  int read_ = 0;
-  int first_blank_ = 0;
-  TextIndex class_of_;
-  std::vector<std::string> labels_;
-  std::vector<int> classes_;
-};
 
 }  // namespace
 
@@ -130,9 +58,9 @@ void read_misdata() {
       in.nexcl == 0 ? slots_by_position(in.nvar, dsc.dcolumn) : slots_by_type(in.alltype, true);
   const int width = static_cast<int>(slots.size());
   LearningCases learning(in, std::move(slots), counted);
-  cases.read(width, counted,
-             [&learning](std::span<const std::string_view> tokens) { learning.take(tokens); });
+  cases.read_parts(width, counted, learning);
   file.close();
+  learning.merge();
 
   if (learning.first_blank() > 0) {
     write_list(std::cout,

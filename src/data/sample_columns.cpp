@@ -1,7 +1,9 @@
 #include "data/sample_columns.hpp"
 
 #include <algorithm>
+#include <bit>
 #include <charconv>
+#include <cstdint>
 #include <system_error>
 
 #include "data/case_reading.hpp"
@@ -72,8 +74,11 @@ bool short_decimal(std::string_view token, double& out) {
     }
   }
   if (digits == 0) return false;
+  // The sign goes on by its bit: a branch on it would be mispredicted on
+  // data of mixed signs.
   const double v = static_cast<double>(m) / kPow10[decimals];
-  out = negative ? -v : v;
+  out = std::bit_cast<double>(std::bit_cast<std::uint64_t>(v) |
+                              (static_cast<std::uint64_t>(negative) << 63));
   return true;
 }
 
@@ -101,11 +106,11 @@ constexpr double kMissingCategory = -1.0;
 
 }  // namespace
 
-// The texts of one categorical predictor, by index.
+// The texts of one categorical predictor, by code.
 struct SampleColumns::Category {
-  TextIndex index;
-  std::vector<std::string> texts;  // without trailing blanks
-  int zero = 0;                    // index of the text "0", 0 if none
+  TextCodes codes;  // learning sample: texts without trailing blanks
+  TextIndex known;  // test sample: the learning sample's labels
+  int zero = 0;     // code of the text "0", 0 if none
 };
 
 // A case whose numerical tokens need the full free-form reader.
@@ -113,6 +118,11 @@ struct SampleColumns::OddCase {
   int row;
   std::vector<std::string> tokens;  // numerical tokens, adjusted left and trimmed
 };
+
+SampleColumns::Part::Part() = default;
+SampleColumns::Part::Part(Part&&) noexcept = default;
+SampleColumns::Part& SampleColumns::Part::operator=(Part&&) noexcept = default;
+SampleColumns::Part::~Part() = default;
 
 SampleColumns::SampleColumns(const Init& in, int capacity, bool known_categories, FArray<double>& x,
                              FArray<char>& misind)
@@ -131,67 +141,122 @@ SampleColumns::SampleColumns(const Init& in, int capacity, bool known_categories
     if (known_) {
       for (int j = 1; j <= in.numcat(k); ++j) {
         const std::string_view text = text_key(in.catlabel(k, j));
-        cat->index.try_emplace(std::string(text), j);
+        cat->known.try_emplace(std::string(text), j);
         if (text == "0") cat->zero = j;
       }
     }
     categories_.push_back(std::move(cat));
   }
+  whole_ = part(0);
 }
 
 SampleColumns::~SampleColumns() = default;
 
-void SampleColumns::add(std::span<const std::string_view> predictors) {
-  const int i = ++cases_;
+SampleColumns::Part SampleColumns::part(long long first) const {
+  Part p;
+  p.first_ = first;
+  if (!known_) p.categories_.resize(static_cast<std::size_t>(in_.ncat));
+  return p;
+}
+
+void SampleColumns::add(Part& part, std::span<const std::string_view> predictors) {
+  const int i = ++part.cases_;  // the case within the part
+  const std::ptrdiff_t row = part.first_ + i;
   bool any_missing = false;
   bool odd = false;
   for (int j = 1; j <= in_.nvar; ++j) {
     const std::string_view key = text_key(predictors[static_cast<std::size_t>(j - 1)]);
     const int k = catindex_[static_cast<std::size_t>(j)];
-    double& cell = x_(i, j);
+    double& cell = x_(row, j);
     if (key == misskey_) {
-      misind_(i, j) = 'y';
+      misind_(row, j) = 'y';
       any_missing = true;
       cell = k > 0 ? kMissingCategory : 0.0;
     } else if (k > 0) {
-      Category& cat = *categories_[static_cast<std::size_t>(k - 1)];
-      if (auto it = cat.index.find(key); it != cat.index.end()) {
-        cell = it->second;
-      } else if (known_) {
-        cell = 0.0;
+      if (known_) {
+        const TextIndex& known = categories_[static_cast<std::size_t>(k - 1)]->known;
+        const auto it = known.find(key);
+        cell = it != known.end() ? it->second : 0;
       } else {
-        const int code = static_cast<int>(cat.texts.size()) + 1;
-        cat.index.try_emplace(std::string(key), code);
-        cat.texts.emplace_back(key);
-        if (key == "0") cat.zero = code;
-        cell = code;
+        cell = part.categories_[static_cast<std::size_t>(k - 1)].find_or_add(key);
       }
     } else if (short_decimal(key, cell)) {
       // the common case: a plain decimal of a few digits
     } else if (const std::string_view token = trim_left(key); !single_value(token)) {
       odd = true;
-    } else if (!token_number(token, cell) && bad_case_ == 0) {
-      bad_case_ = i;
-      bad_token_ = token;
+    } else if (!token_number(token, cell) && part.bad_case_ == 0) {
+      part.bad_case_ = i;
+      part.bad_token_ = token;
     }
   }
-  cases_missing_ += any_missing;
+  part.missing_ += any_missing;
   if (!odd) return;
   // The case is read again whole at the end; a failure found above may not
   // be the one that reading meets first.
-  if (bad_case_ == i) bad_case_ = 0;
+  if (part.bad_case_ == i) part.bad_case_ = 0;
   OddCase c{i, std::vector<std::string>(static_cast<std::size_t>(in_.nvar))};
   for (int j = 1; j <= in_.nvar; ++j) {
     if (catindex_[static_cast<std::size_t>(j)] > 0) continue;
     c.tokens[static_cast<std::size_t>(j - 1)] =
-        misind_(i, j) == 'y'
+        misind_(row, j) == 'y'
             ? std::string("0")
             : std::string(trim_left(text_key(predictors[static_cast<std::size_t>(j - 1)])));
   }
-  odd_.push_back(std::move(c));
+  part.odd_.push_back(std::move(c));
+}
+
+void SampleColumns::merge(Part& part) {
+  const std::ptrdiff_t from = part.first_;
+  const std::ptrdiff_t to = cases_;
+  const std::ptrdiff_t n = part.cases_;
+  // The part's codes of categories become the sample's, new texts numbered
+  // after those of the parts before it in the order the part met them.
+  std::vector<double> code;
+  for (std::size_t k = 0; k < part.categories_.size(); ++k) {
+    Category& cat = *categories_[k];
+    const std::vector<std::string>& texts = part.categories_[k].texts();
+    code.assign(texts.size() + 1, 0.0);
+    bool same = true;
+    for (std::size_t c = 1; c <= texts.size(); ++c) {
+      const std::string& text = texts[c - 1];
+      int g = cat.codes.find(text);
+      if (g == 0) {
+        g = cat.codes.add(text);
+        if (text == "0") cat.zero = g;
+      }
+      code[c] = g;
+      same = same && g == static_cast<int>(c);
+    }
+    if (same) continue;
+    const int j = in_.catpos(static_cast<int>(k) + 1);
+    for (std::ptrdiff_t i = from + 1; i <= from + n; ++i) {
+      double& cell = x_(i, j);
+      if (cell != kMissingCategory) cell = code[static_cast<std::size_t>(cell)];
+    }
+  }
+  if (from != to && n > 0) {
+    for (int j = 1; j <= in_.nvar; ++j) {
+      const auto xs = x_.column(j);
+      const auto ms = misind_.column(j);
+      std::copy_n(xs.begin() + from, n, xs.begin() + to);
+      std::copy_n(ms.begin() + from, n, ms.begin() + to);
+    }
+  }
+  for (OddCase& c : part.odd_) {
+    c.row += static_cast<int>(to);
+    odd_.push_back(std::move(c));
+  }
+  if (bad_case_ == 0 && part.bad_case_ != 0) {
+    bad_case_ = static_cast<int>(to) + part.bad_case_;
+    bad_token_ = part.bad_token_;
+  }
+  cases_ += part.cases_;
+  cases_missing_ += part.missing_;
+  part = Part();
 }
 
 void SampleColumns::close() {
+  if (whole_.cases() > 0) merge(whole_);
   if (cases_ == capacity_) return;
   FArray<double> x(cases_, in_.nvar, 0.0);
   FArray<char> m(cases_, in_.nvar, 'n');
@@ -212,8 +277,8 @@ void SampleColumns::clear_never_observed() {
     // Its tokens all read "0", now a category present in every case.
     if (const int k = catindex_[static_cast<std::size_t>(j)]; k > 0) {
       Category& cat = *categories_[static_cast<std::size_t>(k - 1)];
-      cat.texts.assign(1, "0");
-      cat.zero = 1;
+      cat.codes = TextCodes();
+      cat.zero = cat.codes.add("0");
     }
   }
 }
@@ -221,11 +286,11 @@ void SampleColumns::clear_never_observed() {
 void SampleColumns::store_categories(Init& in) const {
   in.numcat.assign(in.ncat, 0);
   for (int k = 1; k <= in.ncat; ++k)
-    in.numcat(k) = static_cast<int>(categories_[static_cast<std::size_t>(k - 1)]->texts.size());
+    in.numcat(k) = categories_[static_cast<std::size_t>(k - 1)]->codes.size();
   const int maxcat = std::max(1, in.largest_numcat());
   in.catlabel.assign(in.ncat, maxcat, std::string(kNameLen, ' '));
   for (int k = 1; k <= in.ncat; ++k) {
-    const auto& texts = categories_[static_cast<std::size_t>(k - 1)]->texts;
+    const auto& texts = categories_[static_cast<std::size_t>(k - 1)]->codes.texts();
     for (std::size_t j = 0; j < texts.size(); ++j)
       in.catlabel(k, static_cast<int>(j) + 1) = fixed_text(texts[j], kNameLen);
   }

@@ -4,6 +4,7 @@
 
 #include <cstring>
 
+#include "data/plain_scan.hpp"
 #include "data/read_misdata.hpp"
 #include "numerics/list_number.hpp"
 #include "support/harness.hpp"
@@ -39,6 +40,35 @@ bool same_bits(double a, double b) {
   return std::memcmp(&a, &b, sizeof a) == 0;
 }
 
+// Cuts plain files into pieces of these sizes while it lives.
+class PlainSizesScope {
+ public:
+  explicit PlainSizesScope(PlainSizes sizes) : old_(plain_sizes()) { plain_sizes() = sizes; }
+  ~PlainSizesScope() { plain_sizes() = old_; }
+
+ private:
+  PlainSizes old_;
+};
+
+// Whole files; parts of one case each; and stretches of a few bytes, so that
+// reads go on from one stretch into the next.
+const PlainSizes kCuts[] = {{}, {1, 1}, {16, 7}};
+
+void expect_same(const Outcome& a, const Outcome& b) {
+  ASSERT_EQ(a.status, b.status);
+  EXPECT_EQ(a.screen, b.screen);
+  if (a.status != -1) return;
+  ASSERT_EQ(a.state.xdata.size(), b.state.xdata.size());
+  for (int i = 1; i <= a.state.xdata.size(); ++i)
+    EXPECT_TRUE(same_bits(a.state.xdata(i), b.state.xdata(i))) << i;
+  EXPECT_EQ(a.state.misind, b.state.misind);
+  EXPECT_EQ(a.state.clabel, b.state.clabel);
+  EXPECT_EQ(a.state.cdata, b.state.cdata);
+  EXPECT_EQ(a.state.noc, b.state.noc);
+  EXPECT_EQ(a.state.numcat, b.state.numcat);
+  EXPECT_EQ(a.state.catlabel, b.state.catlabel);
+}
+
 TEST(CaseReading, PlainFilesReadAsTheFullReaderReadsThem) {
   const std::string files[] = {
       "1 2 red A q\n\n3\t4 blue B q\r\n5 NA NA A q\n",
@@ -56,18 +86,45 @@ TEST(CaseReading, PlainFilesReadAsTheFullReaderReadsThem) {
     // A star inside an excluded token sends the file to the full reader.
     std::string full = plain;
     full.replace(full.find(" q"), 2, " q*r");
-    const Outcome a = read_sample(plain);
     const Outcome b = read_sample(full);
-    ASSERT_EQ(a.status, b.status);
-    EXPECT_EQ(a.screen, b.screen);
-    if (a.status != -1) continue;
-    ASSERT_EQ(a.state.xdata.size(), b.state.xdata.size());
-    for (int i = 1; i <= a.state.xdata.size(); ++i)
-      EXPECT_TRUE(same_bits(a.state.xdata(i), b.state.xdata(i))) << i;
-    EXPECT_EQ(a.state.misind, b.state.misind);
-    EXPECT_EQ(a.state.clabel, b.state.clabel);
-    EXPECT_EQ(a.state.cdata, b.state.cdata);
-    EXPECT_EQ(a.state.catlabel, b.state.catlabel);
+    for (const PlainSizes& cut : kCuts) {
+      SCOPED_TRACE(cut.part_bytes);
+      const PlainSizesScope scope(cut);
+      expect_same(read_sample(plain), b);
+    }
+  }
+}
+
+// Files of many cases cut into many parts: categories and classes met in a
+// different order in each part, dropped cases, missing values, reads over
+// several lines and faults late in the file.
+TEST(CaseReading, PartsMergeInFileOrder) {
+  std::string many;
+  for (int i = 0; i < 60; ++i) {
+    const std::string label =
+        i % 11 == 4 ? "NA" : std::string("L").append(std::to_string(i * 7 % 5));
+    const std::string cat =
+        i % 9 == 2 ? "NA" : std::string("c").append(std::to_string(i * 5 % 13 / 2));
+    const std::string b = i % 6 == 1 ? "NA" : std::to_string(i) + ".25";
+    many +=
+        std::to_string(-i) + (i % 8 == 3 ? "\n\n  " : " ") + b + " " + cat + " " + label + " q\n";
+  }
+  const std::string files[] = {
+      many,
+      many + "1 2 red A q 7\n",                    // not a multiple of the case width
+      many + "x1 2 red A q\n3 4 red B q\n",        // not a number in the last part
+      "x1 2 red A q\n" + many + "x2 2 red A q\n",  // ... in the first
+      "\n\n" + many + "\n\n3 4\n",                 // trailing incomplete case
+  };
+  for (const std::string& plain : files) {
+    std::string full = plain;
+    full.replace(full.find(" q"), 2, " q*r");
+    const Outcome b = read_sample(full);
+    for (const PlainSizes& cut : kCuts) {
+      SCOPED_TRACE(cut.part_bytes);
+      const PlainSizesScope scope(cut);
+      expect_same(read_sample(plain), b);
+    }
   }
 }
 
