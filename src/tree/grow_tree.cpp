@@ -497,8 +497,8 @@ void grow_and_store(Growth& g) {
                          [](char f) { return f == 'y' || f == 'n'; });
   MissingRows missing;
   if (g.zeroed) {
-    zero_missing_cells(g.table.x, g.table.mis);
     missing = missing_rows(g.table.mis);
+    zero_cells(g.table.x, missing);
   }
   const int n = static_cast<int>(g.table.cases.size());
   ldfuni_fit(g, 1, 0, n, std::move(missing));

@@ -80,12 +80,11 @@ void write_flags(FMatrixView<char> mis, const std::vector<MissingRows>& sub_rows
                });
 }
 
-void zero_missing_cells(FMatrixView<double> x, FMatrixView<const char> mis) {
-  parallel_for(1, x.extent2(), static_cast<std::size_t>(x.extent1()), [&](std::ptrdiff_t j) {
+void zero_cells(FMatrixView<double> x, const MissingRows& rows) {
+  parallel_for(1, x.extent2(), static_cast<std::size_t>(x.extent1()) / 16, [&](std::ptrdiff_t j) {
     const std::span<double> column = x.column(j);
-    const std::span<const char> flags = mis.column(j);
-    for (std::size_t r = 0; r < column.size(); ++r)
-      if (flags[r] == 'y') column[r] = 0.0;
+    for (int r : rows[static_cast<std::size_t>(j - 1)])
+      column[static_cast<std::size_t>(r - 1)] = 0.0;
   });
 }
 

@@ -27,7 +27,7 @@ std::vector<MissingRows> subnode_missing_rows(const MissingRows& rows, std::span
 void write_flags(FMatrixView<char> mis, const std::vector<MissingRows>& sub_rows,
                  std::span<const int> start);
 
-// Sets every cell of x whose flag in mis is 'y' to +0.0.
-void zero_missing_cells(FMatrixView<double> x, FMatrixView<const char> mis);
+// Sets the listed cells of x to +0.0.
+void zero_cells(FMatrixView<double> x, const MissingRows& rows);
 
 }  // namespace vardel

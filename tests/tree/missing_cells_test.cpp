@@ -27,7 +27,7 @@ TEST(MissingCells, RowsMatchAPlainScanForEveryLengthAndOffset) {
 
     FArray<double> x(n + pad, 3, 1.5);
     const FMatrixView<double> xb = FMatrixView<double>(x).rows(pad, n);
-    zero_missing_cells(xb, block);
+    zero_cells(xb, rows);
     for (int j = 1; j <= 3; ++j)
       for (int i = 1; i <= n; ++i) EXPECT_EQ(xb(i, j), block(i, j) == 'y' ? 0.0 : 1.5);
   }
