@@ -28,10 +28,15 @@ class DistinctValues {
   std::span<const int> index() const { return index_; }
 
  private:
+  // Makes the hash table `capacity` (a power of two) slots and puts the
+  // values found so far into it.
+  void resize_table(std::size_t capacity);
+
   std::vector<double> values_;
   std::vector<int> index_;
   std::vector<std::uint64_t> keys_;  // hash table: the bits of a value
   std::vector<int> slots_;           // its position in values_, -1 if empty
+  int shift_ = 0;                    // 64 less the bits of a slot number
 };
 
 }  // namespace vardel
