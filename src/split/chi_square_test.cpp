@@ -35,43 +35,14 @@ struct ChiSquare {
   stop_run(1);
 }
 
-// Counts column j (ncodes categories) over every cell, then takes the
-// missing cells (the rows of known.missing) out again, whatever they hold. n
-// is then the present cases. False, with nothing counted, when a present
-// cell has a code out of range, which the masked count finds.
-bool count_less_missing(FView<const double> x, FView<const int> y, const KnownMissing& known, int j,
-                        int ncodes, Table& tab, int& n) {
-  const auto nclass = static_cast<std::size_t>(tab.noc.size());
-  const std::vector<int>& missing = known.missing[static_cast<std::size_t>(j - 1)];
-  // counts[code * K + k - 1], code 0 for a code out of range.
-  std::vector<int> counts(static_cast<std::size_t>(ncodes + 1) * nclass, 0);
-  auto cell = [&](std::ptrdiff_t i) -> int& {
-    const long code = round_to_long(x(i));
-    const bool in_range = code >= 1 && code <= ncodes;
-    return counts[static_cast<std::size_t>(in_range ? code : 0) * nclass +
-                  static_cast<std::size_t>(y(i) - 1)];
-  };
-  for (std::ptrdiff_t i = 1; i <= x.size(); ++i) ++cell(i);
-  for (int r : missing) --cell(r);
-  for (std::size_t k = 0; k < nclass; ++k)
-    if (counts[k] != 0) return false;
-  for (int c = 1; c <= ncodes; ++c)
-    for (std::size_t k = 1; k <= nclass; ++k)
-      tab.obs(static_cast<int>(k), c) = counts[static_cast<std::size_t>(c) * nclass + k - 1];
-  for (std::size_t k = 1; k <= nclass; ++k) tab.noc(static_cast<int>(k)) = known.noc[k - 1];
-  for (int r : missing) --tab.noc(y(r));
-  n = static_cast<int>(x.size() - static_cast<std::ptrdiff_t>(missing.size()));
-  return true;
-}
-
 // The chi-square test of column j with ncodes categories. Masked: only the
-// cases with misind(i, j) == 'n' count, with their own class counts (with
-// `known`, counted as count_less_missing does); otherwise every case counts,
-// noc_all holds the class counts and m_all the classes present.
+// cases with misind(i, j) == 'n' count, with their own class counts;
+// otherwise every case counts, noc_all holds the class counts and m_all the
+// classes present.
 template <bool kMasked>
 ChiSquare test_column(FMatrixView<const double> xdat, const FMatrixView<const char>* misind,
                       std::span<const int> ydat, std::span<const int> noc_all, int m_all, int j,
-                      int ncodes, Table& tab, const KnownMissing* known) {
+                      int ncodes, Table& tab) {
   const int n_all = static_cast<int>(xdat.extent1());
   const int nclass = static_cast<int>(tab.noc.size());
   FView<const double> x(xdat.column(j));
@@ -83,8 +54,7 @@ ChiSquare test_column(FMatrixView<const double> xdat, const FMatrixView<const ch
   if constexpr (kMasked) {
     FView<const char> miss(misind->column(j));
     tab.noc.fill(0);
-    const bool counted = known != nullptr && count_less_missing(x, y, *known, j, ncodes, tab, n);
-    for (int i = 1; i <= n_all && !counted; ++i) {
+    for (int i = 1; i <= n_all; ++i) {
       if (miss(i) == 'y') continue;
       const long code = round_to_long(x(i));
       if (code < 1 || code > ncodes) return {0.0, 1.0, true, x(i)};
@@ -138,8 +108,7 @@ std::vector<ChiSquare> test_columns(FMatrixView<const double> xdat,
                                     const FMatrixView<const char>* misind,
                                     std::span<const int> ydat, std::span<const int> noc_all,
                                     int m_all, int nclass, std::span<const int> catpos,
-                                    std::span<const int> numcat,
-                                    const KnownMissing* known = nullptr) {
+                                    std::span<const int> numcat) {
   FView<const int> pos(catpos);
   FView<const int> ncodes(numcat);
   std::vector<ChiSquare> results(static_cast<std::size_t>(pos.size()));
@@ -147,7 +116,7 @@ std::vector<ChiSquare> test_columns(FMatrixView<const double> xdat,
     Table tab;
     tab.noc.assign(nclass, 0);
     results[static_cast<std::size_t>(c - 1)] =
-        test_column<kMasked>(xdat, misind, ydat, noc_all, m_all, pos(c), ncodes(c), tab, known);
+        test_column<kMasked>(xdat, misind, ydat, noc_all, m_all, pos(c), ncodes(c), tab);
   });
   for (int c = 1; c <= pos.size(); ++c) {
     const ChiSquare& r = results[static_cast<std::size_t>(c - 1)];
@@ -159,12 +128,11 @@ std::vector<ChiSquare> test_columns(FMatrixView<const double> xdat,
 template <bool kMasked>
 Pick best_of(FMatrixView<const double> xdat, const FMatrixView<const char>* misind,
              std::span<const int> ydat, std::span<const int> noc_all, int m_all, int nclass,
-             std::span<const int> catpos, std::span<const int> numcat,
-             const KnownMissing* known = nullptr) {
+             std::span<const int> catpos, std::span<const int> numcat) {
   FView<const int> pos(catpos);
   if (pos.size() == 0) return {};
   const std::vector<ChiSquare> results =
-      test_columns<kMasked>(xdat, misind, ydat, noc_all, m_all, nclass, catpos, numcat, known);
+      test_columns<kMasked>(xdat, misind, ydat, noc_all, m_all, nclass, catpos, numcat);
   Pick best{pos(1), kUntestedP, 0.0};
   for (int c = 1; c <= pos.size(); ++c) {
     const ChiSquare& r = results[static_cast<std::size_t>(c - 1)];
@@ -182,13 +150,13 @@ Pick chi_sq(FMatrixView<const double> xdat, std::span<const int> ydat, std::span
 
 Pick chi_sq1(FMatrixView<const double> xdat, FMatrixView<const char> misind,
              std::span<const int> ydat, int nclass, std::span<const int> catpos,
-             std::span<const int> numcat, const KnownMissing* known) {
-  return best_of<true>(xdat, &misind, ydat, {}, 0, nclass, catpos, numcat, known);
+             std::span<const int> numcat) {
+  return best_of<true>(xdat, &misind, ydat, {}, 0, nclass, catpos, numcat);
 }
 
 TwoBest chi_sq5(FMatrixView<const double> xdat, FMatrixView<const char> misind,
                 std::span<const int> ydat, int nclass, std::span<const int> catpos,
-                std::span<const int> numcat, const KnownMissing* known) {
+                std::span<const int> numcat) {
   FView<const int> pos(catpos);
   FView<const int> ncodes(numcat);
   const auto nvar = static_cast<std::size_t>(xdat.extent2());
@@ -196,7 +164,7 @@ TwoBest chi_sq5(FMatrixView<const double> xdat, FMatrixView<const char> misind,
   std::vector<double> x(nvar, 0.0);
   std::vector<char> vtype(nvar, 'n');
   const std::vector<ChiSquare> results =
-      test_columns<true>(xdat, &misind, ydat, {}, 0, nclass, catpos, numcat, known);
+      test_columns<true>(xdat, &misind, ydat, {}, 0, nclass, catpos, numcat);
   for (int c = 1; c <= pos.size(); ++c) {
     const auto at = static_cast<std::size_t>(pos(c) - 1);
     const ChiSquare& r = results[static_cast<std::size_t>(c - 1)];

@@ -25,10 +25,6 @@
 // The result's var is a column of xdat (catpos of the chosen ordinal). With
 // ncat = 0, chi_sq and chi_sq1 return Pick{} (var 0, p 1.0).
 //
-// With `known` (chi_sq1, chi_sq5) the rows of each column's missing cells
-// are known: the tables are counted over every cell, less the missing ones,
-// without reading misind cell by cell.
-//
 // A code outside 1..numcat(c) in a counted cell ends the run: the data were
 // checked when read, so that is a fault of the caller.
 //
@@ -37,25 +33,19 @@
 #pragma once
 
 #include <span>
-#include <vector>
 
 #include "numerics/farray.hpp"
 #include "split/pick.hpp"
 
 namespace vardel {
 
-struct KnownMissing {
-  std::span<const std::vector<int>> missing;  // P lists of rows (from 1)
-  std::span<const int> noc;                   // K class counts of all the cases
-};
-
 Pick chi_sq(FMatrixView<const double> xdat, std::span<const int> ydat, std::span<const int> noc,
             int m, std::span<const int> catpos, std::span<const int> numcat);
 Pick chi_sq1(FMatrixView<const double> xdat, FMatrixView<const char> misind,
              std::span<const int> ydat, int nclass, std::span<const int> catpos,
-             std::span<const int> numcat, const KnownMissing* known = nullptr);
+             std::span<const int> numcat);
 TwoBest chi_sq5(FMatrixView<const double> xdat, FMatrixView<const char> misind,
                 std::span<const int> ydat, int nclass, std::span<const int> catpos,
-                std::span<const int> numcat, const KnownMissing* known = nullptr);
+                std::span<const int> numcat);
 
 }  // namespace vardel

@@ -72,8 +72,7 @@ struct TestView {
   FMatrixView<const char> mis;
   const FArray<int>& noc;
   int m;
-  const Moments* present = nullptr;                     // meanss1 of these cases, if known
-  std::span<const std::vector<int>> missing_rows = {};  // rows of missing cells, if known
+  const Moments* present = nullptr;  // meanss1 of these cases, if known
 };
 
 TestSet complete_cases(const NodeSample& node, int p, int k_classes) {
@@ -119,9 +118,6 @@ Choice choose_variable(const Init& in, const Traits& tr, const TestView& t, Mome
   const bool numerical = p > ncat;
   std::span<const char> vtype = in.vtype.span();
   Choice ch;
-  // The rows of the missing cells, when growth keeps them.
-  const KnownMissing known_cells{t.missing_rows, t.noc.span()};
-  const KnownMissing* known = t.missing_rows.empty() ? nullptr : &known_cells;
   Pick pf;  // p 1.0 until tested
   Pick pc;
 
@@ -143,7 +139,7 @@ Choice choose_variable(const Init& in, const Traits& tr, const TestView& t, Mome
       meanss1(t.x, t.mis, t.y.span(), in.nclass, mom, Squares::tests_only);
     if (numerical) pf = select3(mom, vtype);
     if (ncat > 0)
-      pc = chi_sq1(t.x, t.mis, t.y.span(), in.nclass, in.catpos.span(), in.numcat.span(), known);
+      pc = chi_sq1(t.x, t.mis, t.y.span(), in.nclass, in.catpos.span(), in.numcat.span());
   } else {
     if (tr.fit == FitSet::complete && numerical) {
       // Complete cases: the two forms of the moments agree; the fit reads meanss's.
@@ -161,7 +157,7 @@ Choice choose_variable(const Init& in, const Traits& tr, const TestView& t, Mome
     }
     if (ncat > 0) {
       const TwoBest cb =
-          chi_sq5(t.x, t.mis, t.y.span(), in.nclass, in.catpos.span(), in.numcat.span(), known);
+          chi_sq5(t.x, t.mis, t.y.span(), in.nclass, in.catpos.span(), in.numcat.span());
       ch.c1 = cb.first;
       ch.c2 = cb.second;
       pc = ch.c1;
@@ -324,9 +320,7 @@ SplitResult classify(Member member, const NodeSample& node) {
   const TestView view =
       tr.fit == FitSet::complete
           ? TestView{complete.x, complete.y, complete.mis, complete.noc, complete.m}
-          : TestView{node.xdat,        node.ydat, node.misind,
-                     node.noc,         node.m,    node.present_moments,
-                     node.missing_rows};
+          : TestView{node.xdat, node.ydat, node.misind, node.noc, node.m, node.present_moments};
   Moments mom;
   const Choice ch = choose_variable(in, tr, view, mom);
   s.var = ch.var;

@@ -8,8 +8,6 @@
 #pragma once
 
 #include <functional>
-#include <span>
-#include <vector>
 
 #include "numerics/farray.hpp"
 #include "split/class_moments.hpp"
@@ -30,9 +28,6 @@ struct NodeSample {
   // The moments over the present values of the node's cases (meanss1), when
   // growth has worked them out already; they do not depend on filled cells.
   const Moments* present_moments = nullptr;
-  // When growth keeps missing cells at +0.0: the rows of each column's
-  // missing cells (empty otherwise).
-  std::span<const std::vector<int>> missing_rows;
   // Set when growth has left the missing cells unfilled: fills those of one
   // predictor. A routine that reads filled cells of its split variable only
   // calls it with that variable first.

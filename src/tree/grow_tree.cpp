@@ -304,7 +304,6 @@ void ldfuni_fit(Growth& g, int t, int lo, int n, MissingRows&& missing) {
     if (g.zeroed) {
       meanss1_zeroed({node.xdat, missing}, node.misind, node.ydat.span(), node.noc.span(), present);
       node.present_moments = &present;
-      node.missing_rows = missing;
     } else if ((d.search == Search::exhaust0 ||
                 (d.search == Search::classify && tests_on_present_values(d.member))) &&
                g.any_missing) {

@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <random>
 #include <vector>
 
 #include "run/stop.hpp"
@@ -105,50 +104,6 @@ TEST(ChiSquare, UnderflowedPValuesAreRankedByX) {
   two = chi_sq5(x, present, y, 2, Ints{2}, Ints{2});
   EXPECT_EQ(two.second.var, 2);
   EXPECT_EQ(two.second.p, kUntestedP);
-}
-
-// With the rows of the missing cells known, the tables are counted over
-// every cell less the missing ones: whatever the missing cells hold, the
-// tests and the run's end at a bad code are those of the masked count.
-TEST(ChiSquare, KnownMissingRowsGiveTheMaskedTests) {
-  std::mt19937 rng(5);
-  const int n = 300;
-  FArray<double> x(n, 3, 0.0);
-  FArray<char> mis(n, 3, 'n');
-  std::vector<int> y(n);
-  std::vector<int> noc(3, 0);
-  std::vector<std::vector<int>> missing(3);
-  for (int i = 1; i <= n; ++i) {
-    y[static_cast<std::size_t>(i - 1)] = 1 + static_cast<int>(rng() % 3);
-    ++noc[static_cast<std::size_t>(y[static_cast<std::size_t>(i - 1)] - 1)];
-    for (int j = 1; j <= 3; ++j) {
-      x(i, j) = 1 + static_cast<int>((rng() % 4 + (j == 1 ? y[i - 1] : 0)) % 4);
-      if (rng() % 10 == 0) {
-        mis(i, j) = 'y';
-        missing[static_cast<std::size_t>(j - 1)].push_back(i);
-        x(i, j) = j == 2 ? 0.0 : 2.6;  // out of range, or a filled centre
-      }
-    }
-  }
-  const KnownMissing known{missing, noc};
-  const TwoBest want = chi_sq5(x, mis, y, 3, Ints{1, 2, 3}, Ints{4, 4, 4});
-  const TwoBest got = chi_sq5(x, mis, y, 3, Ints{1, 2, 3}, Ints{4, 4, 4}, &known);
-  EXPECT_EQ(got.first.var, want.first.var);
-  EXPECT_EQ(got.first.p, want.first.p);
-  EXPECT_EQ(got.first.stat, want.first.stat);
-  EXPECT_EQ(got.second.var, want.second.var);
-  EXPECT_EQ(got.second.stat, want.second.stat);
-  const Pick one = chi_sq1(x, mis, y, 3, Ints{3, 2}, Ints{4, 4}, &known);
-  EXPECT_EQ(one.stat, chi_sq1(x, mis, y, 3, Ints{3, 2}, Ints{4, 4}).stat);
-
-  // A present cell with a bad code still ends the run with its own value.
-  int present = 1;
-  while (mis(present, 3) == 'y') ++present;
-  x(present, 3) = 7.0;
-  testing::internal::CaptureStdout();
-  EXPECT_THROW(chi_sq5(x, mis, y, 3, Ints{1, 2, 3}, Ints{4, 4, 4}, &known), RunStopped);
-  EXPECT_EQ(testing::internal::GetCapturedStdout(),
-            "Category code 7 of variable 3 is outside its range; cannot split.\n");
 }
 
 }  // namespace
