@@ -258,14 +258,8 @@ void SampleColumns::merge(Part& part) {
 void SampleColumns::close() {
   if (whole_.cases() > 0) merge(whole_);
   if (cases_ == capacity_) return;
-  FArray<double> x(cases_, in_.nvar, 0.0);
-  FArray<char> m(cases_, in_.nvar, 'n');
-  for (int j = 1; j <= in_.nvar; ++j) {
-    std::copy_n(x_.column(j).begin(), cases_, x.column(j).begin());
-    std::copy_n(misind_.column(j).begin(), cases_, m.column(j).begin());
-  }
-  x_ = std::move(x);
-  misind_ = std::move(m);
+  x_.keep_rows(cases_);
+  misind_.keep_rows(cases_);
   capacity_ = cases_;
 }
 

@@ -13,6 +13,7 @@
 // Bounds are checked when VARDEL_BOUNDS_CHECK is defined (the sanitizer build).
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdio>
 #include <cstdlib>
@@ -71,6 +72,17 @@ class FArray {
     v_.assign(to_size(n1) * to_size(n2), init);
     n1_ = n1;
     n2_ = n2;
+  }
+  // Keeps the first n1 rows of every column, moved together in place: no
+  // second array is made (the storage keeps its capacity).
+  void keep_rows(Index n1) {
+    check(n1 + 1, n1_ + 1);
+    for (Index j = 2; j <= n2_; ++j) {
+      const auto from = v_.begin() + (j - 1) * n1_;
+      std::copy(from, from + n1, v_.begin() + (j - 1) * n1);
+    }
+    v_.resize(to_size(n1) * to_size(n2_));
+    n1_ = n1;
   }
   void fill(const T& value) { v_.assign(v_.size(), value); }
   void clear() {

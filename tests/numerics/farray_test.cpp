@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <vector>
+
 namespace vardel {
 namespace {
 
@@ -22,6 +24,18 @@ TEST(FArray, MatricesAreOneBasedAndColumnMajor) {
   EXPECT_EQ(v(3), 2);
   EXPECT_EQ(a.extent1(), 2);
   EXPECT_EQ(a(2, 2), 7);
+}
+
+TEST(FArray, KeepRowsMovesTheColumnsTogether) {
+  FArray<int> a(4, 3, 0);
+  for (int f = 1; f <= a.size(); ++f) a(f) = f;  // column j holds 4j-3 .. 4j
+  a.keep_rows(2);
+  ASSERT_EQ(a.extent1(), 2);
+  ASSERT_EQ(a.extent2(), 3);
+  EXPECT_EQ(a.vector(), (std::vector<int>{1, 2, 5, 6, 9, 10}));
+  a.keep_rows(0);
+  EXPECT_EQ(a.size(), 0);
+  EXPECT_EQ(a.extent2(), 3);
 }
 
 TEST(FView, WindowStartsAtOne) {
