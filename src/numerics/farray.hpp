@@ -73,6 +73,13 @@ class FArray {
     n1_ = n1;
     n2_ = n2;
   }
+  // Reshape for a caller that writes every element next: storage already
+  // held keeps whatever it holds (no pass over it), new storage gets `init`.
+  void reshape_for_overwrite(Index n1, Index n2, const T& init) {
+    v_.resize(to_size(n1) * to_size(n2), init);
+    n1_ = n1;
+    n2_ = n2;
+  }
   // Keeps the first n1 rows of every column, moved together in place: no
   // second array is made (the storage keeps its capacity).
   void keep_rows(Index n1) {

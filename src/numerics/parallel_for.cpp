@@ -284,6 +284,10 @@ void parallel_blocks(Index first, Index last, std::size_t cost,
   });
 }
 
+bool would_share(Index n, std::size_t cost) {
+  return worth_sharing(n, cost);
+}
+
 int parallel_threads() {
   return pool().threads();
 }

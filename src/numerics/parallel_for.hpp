@@ -44,6 +44,10 @@ void parallel_for(std::ptrdiff_t first, std::ptrdiff_t last, std::size_t cost,
 void parallel_blocks(std::ptrdiff_t first, std::ptrdiff_t last, std::size_t cost,
                      const std::function<void(std::ptrdiff_t, std::ptrdiff_t)>& body);
 
+// Whether parallel_for over n indices of `cost` steps each would share them
+// if called now: work worth speculating on only when a thread is free for it.
+bool would_share(std::ptrdiff_t n, std::size_t cost);
+
 // The threads that share work (1 when everything runs inline).
 int parallel_threads();
 

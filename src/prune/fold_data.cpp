@@ -27,9 +27,11 @@ void select_part(int fold, bool in_fold, std::span<const int> mcv, const FArray<
   const auto rows = in_fold ? n - nlearn : nlearn;
   FView<const int> fold_of(mcv);
   FView<const int> cls(y);
-  xpart.assign(rows, p, 0.0);
-  ypart.assign(rows, 0);
-  mispart.assign(rows, p, 'n');
+  // Every row is copied below: storage handed on from the fold before is
+  // reused as it stands, not cleared first.
+  xpart.reshape_for_overwrite(rows, p, 0.0);
+  ypart.reshape_for_overwrite(rows, 1, 0);
+  mispart.reshape_for_overwrite(rows, p, 'n');
   std::vector<std::size_t> chosen;
   chosen.reserve(static_cast<std::size_t>(rows));
   for (FArray<int>::Index i = 1; i <= n; ++i) {

@@ -6,6 +6,7 @@
 #include <cmath>
 #include <cstddef>
 #include <limits>
+#include <tuple>
 #include <utility>
 #include <vector>
 
@@ -48,6 +49,17 @@ constexpr std::size_t kPowerSteps = 40;
 
 // Guards the sharing of a copy from the distinct values: steps per value.
 constexpr std::size_t kGatherSteps = 2;
+// Guards the sharing of the powers tried at once: steps per value of a
+// power's spread.
+constexpr std::size_t kSpreadSteps = 4;
+
+// A power tried: the values under it, their class means and spread.
+struct Trial {
+  std::vector<double> z;
+  FArray<double> mean;
+  double v = 0.0;
+};
+
 // Guards the search for repeated values: columns shorter than this are
 // transformed value by value.
 constexpr std::size_t kFewestForDistinct = 64;
@@ -215,30 +227,29 @@ BoxCoxResult boxcox(std::span<double> x, std::span<const int> ydat, double& mse,
   const double shift = shift_positive(x);
   const double dn = static_cast<double>(x.size());
 
-  // z: the values under the power being tried; last, last_mean, last_v: the
-  // values, class means and spread under the power before it, kept so that
-  // going back one step costs nothing.
-  std::vector<double> z(x.size());
   // Repeated values are transformed once each, when they are many.
   DistinctValues distinct;
   const DistinctValues* few =
       x.size() >= kFewestForDistinct && distinct.build(x, x.size() / 2) ? &distinct : nullptr;
-  std::vector<double> once;
   // The logarithms are taken apart (shared out) and summed in case order.
-  transform(x, 0.0, z, few, once);
+  std::vector<double> log_x(x.size());
+  std::vector<double> once;
+  transform(x, 0.0, log_x, few, once);
   double sum_log = 0.0;
-  for (const double v : z) sum_log += v;
+  for (const double v : log_x) sum_log += v;
 
-  std::vector<double> last(x.size());
-  FArray<double> mean(nc.size(), 0.0);
+  // last, last_mean, last_v: the values, class means and spread under the
+  // power before the one being taken, kept so that going back one step costs
+  // nothing.
+  std::vector<double> last = std::move(log_x);
   FArray<double> last_mean(nc.size(), 0.0);
   double last_v = 0.0;
   double best = std::numeric_limits<double>::max();
-  // Takes the spread v of power ig (values z, class means m); true when the
-  // walk ends there, with x, mse and xmean set for the power before it.
-  auto ends_at = [&](Index ig, double v, std::vector<double>& zp, FArray<double>& m) {
+  // Takes power ig, tried in t; true when the walk ends there, with x, mse
+  // and xmean set for the power before it.
+  auto ends_at = [&](Index ig, Trial& t) {
     const double p = grid(ig);
-    const double c = v < kTiny ? kLowGuard : std::log(v) - 2.0 / dn * p * sum_log;
+    const double c = t.v < kTiny ? kLowGuard : std::log(t.v) - 2.0 / dn * p * sum_log;
     // The first power is always taken, even when c is +inf from an overflow.
     if (ig > 1 && best <= c) {
       // The walk ends at the first power that does not improve: go back one.
@@ -248,29 +259,41 @@ BoxCoxResult boxcox(std::span<double> x, std::span<const int> ydat, double& mse,
       return true;
     }
     best = c;
-    zp.swap(last);
-    std::swap(m, last_mean);
-    last_v = v;
+    t.z.swap(last);
+    std::swap(t.mean, last_mean);
+    last_v = t.v;
     return false;
   };
-  // With few distinct values a power costs little to transform, and the
-  // spreads, sequential sums, take the time: two powers are tried side by
-  // side, the second perhaps in vain.
-  std::vector<double> z2(few != nullptr ? x.size() : 0);
-  FArray<double> mean2(nc.size(), 0.0);
-  for (Index ig = 1; ig <= grid.size; ++ig) {
-    if (few != nullptr && ig < grid.size) {
-      transform(x, grid(ig), z, few, once);
-      transform(x, grid(ig + 1), z2, few, once);
-      const auto [v, v2] = class_spreads(z, z2, y, nc, mean, mean2);
-      if (ends_at(ig, v, z, mean)) return {grid(ig - 1), shift};
-      ++ig;
-      if (ends_at(ig, v2, z2, mean2)) return {grid(ig - 1), shift};
-      continue;
+  // The walk goes in rounds of powers tried at once, each power's spread a
+  // sequential sum. With few distinct values a power costs little to
+  // transform and the sums take the time: a hand tries two powers side by
+  // side. A free thread takes the next power or two. Powers past the end of
+  // the walk are tried in vain.
+  const Index per_hand = few != nullptr ? 2 : 1;
+  std::vector<Trial> trials(static_cast<std::size_t>(2 * per_hand));
+  for (Trial& t : trials) t.mean.assign(nc.size(), 0.0);
+  std::vector<double> once2;
+  for (Index ig = 1; ig <= grid.size;) {
+    const Index hands = would_share(2, x.size() * kSpreadSteps) ? 2 : 1;
+    const Index count = std::min(hands * per_hand, grid.size - ig + 1);
+    parallel_for(0, (count + per_hand - 1) / per_hand - 1, x.size() * kSpreadSteps, [&](Index h) {
+      const Index first = h * per_hand;
+      std::vector<double>& own_once = h == 0 ? once : once2;
+      Trial& a = trials[static_cast<std::size_t>(first)];
+      a.z.resize(x.size());
+      transform(x, grid(ig + first), a.z, few, own_once);
+      if (first + 1 == count || per_hand == 1) {
+        a.v = class_spread(a.z, y, nc, a.mean);
+        return;
+      }
+      Trial& b = trials[static_cast<std::size_t>(first + 1)];
+      b.z.resize(x.size());
+      transform(x, grid(ig + first + 1), b.z, few, own_once);
+      std::tie(a.v, b.v) = class_spreads(a.z, b.z, y, nc, a.mean, b.mean);
+    });
+    for (Index t = 0; t < count; ++t, ++ig) {
+      if (ends_at(ig, trials[static_cast<std::size_t>(t)])) return {grid(ig - 1), shift};
     }
-    transform(x, grid(ig), z, few, once);
-    const double v = class_spread(z, y, nc, mean);
-    if (ends_at(ig, v, z, mean)) return {grid(ig - 1), shift};
   }
 
   // Every power improved: the last one stands.

@@ -8,10 +8,13 @@
 // apart by their bits: +0.0 and -0.0 are two values.
 //
 // build() gives up, keeping nothing, once the distinct values pass `limit`:
-// for a column of mostly different values the plain way is cheaper.
+// for a column of mostly different values the plain way is cheaper. A long
+// column is shared among threads in stretches, and each stretch gives up
+// once it alone passes its share of the limit.
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <span>
 #include <vector>
 
@@ -19,24 +22,19 @@ namespace vardel {
 
 class DistinctValues {
  public:
-  // True when x holds at most `limit` distinct values; then values() are
-  // they, in order of first appearance, and index()[i] the position of x[i]
-  // among them.
+  // True when x holds at most `limit` distinct values (and no stretch more
+  // than its share); then values() are they, in order of first appearance,
+  // and index()[i] the position of x[i] among them.
   bool build(std::span<const double> x, std::size_t limit);
 
   std::span<const double> values() const { return values_; }
-  std::span<const int> index() const { return index_; }
+  std::span<const int> index() const { return {index_.get(), size_}; }
 
  private:
-  // Makes the hash table `capacity` (a power of two) slots and puts the
-  // values found so far into it.
-  void resize_table(std::size_t capacity);
-
   std::vector<double> values_;
-  std::vector<int> index_;
-  std::vector<std::uint64_t> keys_;  // hash table: the bits of a value
-  std::vector<int> slots_;           // its position in values_, -1 if empty
-  int shift_ = 0;                    // 64 less the bits of a slot number
+  std::unique_ptr<int[]> index_;  // every position written by build()
+  std::size_t size_ = 0;
+  std::size_t capacity_ = 0;
 };
 
 }  // namespace vardel

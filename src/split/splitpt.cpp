@@ -4,6 +4,7 @@
 #include <cmath>
 #include <cstddef>
 
+#include "numerics/parallel_for.hpp"
 #include "numerics/sort.hpp"
 #include "split/guards.hpp"
 
@@ -12,22 +13,50 @@ namespace {
 
 using Index = std::ptrdiff_t;
 
+// Guards the sharing of the assignment: steps per case.
+constexpr std::size_t kAssignSteps = 4;
+
+// Whether the points ascend with no NaN among them: then the first point at
+// or above x is the one after those below it.
+bool ascending(FView<const double> cut) {
+  for (Index m = 1; m <= cut.size(); ++m) {
+    if (cut(m) != cut(m)) return false;
+    if (m > 1 && cut(m) < cut(m - 1)) return false;
+  }
+  return true;
+}
+
 // Each case goes to the first subnode m whose point is at or above x, else to
 // the last subnode K = cutpt.size() + 1. A case equal to a point goes below it.
 void assign(std::span<const double> cutpt, std::span<const double> x, std::span<int> py) {
   const FView<const double> cut(cutpt);
   const Index npts = cut.size();
   const int last = static_cast<int>(npts + 1);
-  for (std::size_t i = 0; i < x.size(); ++i) {
-    int sub = last;
-    for (Index m = 1; m <= npts; ++m) {
-      if (x[i] <= cut(m)) {
-        sub = static_cast<int>(m);
-        break;
+  const bool counted = ascending(cut);
+  parallel_blocks(0, static_cast<Index>(x.size()) - 1, kAssignSteps, [&](Index lo, Index hi) {
+    const auto first = static_cast<std::size_t>(lo);
+    const auto end = static_cast<std::size_t>(hi) + 1;
+    if (counted) {
+      // The subnode is one past the points below x (a NaN x counts as above
+      // every point, and goes to the last subnode as in the walk).
+      for (std::size_t i = first; i < end; ++i) {
+        int sub = 1;
+        for (Index m = 1; m <= npts; ++m) sub += !(x[i] <= cut(m));
+        py[i] = sub;
       }
+      return;
     }
-    py[i] = sub;
-  }
+    for (std::size_t i = first; i < end; ++i) {
+      int sub = last;
+      for (Index m = 1; m <= npts; ++m) {
+        if (x[i] <= cut(m)) {
+          sub = static_cast<int>(m);
+          break;
+        }
+      }
+      py[i] = sub;
+    }
+  });
 }
 
 // Number of cases in each subnode 1..K.

@@ -103,9 +103,9 @@ TEST(Boxcox, NoSpread) {
   EXPECT_EQ(xmean, (std::vector<double>{0.5, 4}));
 }
 
-// The walk done plainly, value by value, for columns long enough and
-// repetitive enough that boxcox transforms distinct values and tries powers
-// two at a time: the results must agree bit for bit.
+// The walk done plainly, value by value, one power after another, for
+// columns long enough that boxcox transforms distinct values or tries
+// several powers at once: the results must agree bit for bit.
 struct PlainWalk {
   std::vector<double> x;
   std::vector<double> xmean;
@@ -175,13 +175,17 @@ TEST(Boxcox, RepeatedValuesGiveThePlainWalkBitForBit) {
       [](double v) { return v * v + 0.5; }, [](double v) { return std::exp(-2.0 * v) + 3.0; }};
   std::set<double> powers;
   for (std::size_t shape = 0; shape < shapes.size(); ++shape) {
-    for (int n : {64, 500, 5000}) {
+    // Long columns are tried several powers at a time, on more than one
+    // thread; the last has mostly distinct values.
+    for (int n : {64, 500, 5000, 70000, -70000}) {
+      const double digits = n > 0 ? 1e3 : 1e12;
+      n = std::abs(n);
       std::vector<double> x;
       std::vector<int> y;
       for (int i = 0; i < n; ++i) {
         const int k = 1 + static_cast<int>(rng() % 3);
         y.push_back(k);
-        x.push_back(std::round(shapes[shape](normal(rng) + 0.4 * k) * 1e3) / 1e3);
+        x.push_back(std::round(shapes[shape](normal(rng) + 0.4 * k) * digits) / digits);
       }
       std::vector<int> noc(3, 0);
       for (int k : y) ++noc[static_cast<std::size_t>(k - 1)];

@@ -6,6 +6,7 @@
 #include <cmath>
 #include <cstdint>
 #include <limits>
+#include <map>
 #include <vector>
 
 namespace vardel {
@@ -51,6 +52,38 @@ TEST(DistinctValues, GivesUpPastTheLimitAndCanBeBuiltAgain) {
 
   EXPECT_TRUE(d.build({}, 0));
   EXPECT_TRUE(d.index().empty());
+}
+
+// A column long enough to be looked at in stretches: the values still come in
+// order of first appearance over the whole column, whichever stretch saw them
+// first.
+TEST(DistinctValues, LongColumnsKeepFirstAppearanceAcrossStretches) {
+  std::vector<double> x;
+  for (int i = 0; i < 300000; ++i) {
+    // Values 0..99 throughout, and from the middle on new values 100..149 too.
+    const int v = i < 150000 ? (i * 7) % 100 : (i % 3 == 0 ? 100 + i % 50 : i % 100);
+    x.push_back(static_cast<double>(v) * 0.5);
+  }
+  std::vector<double> first_seen;
+  std::map<std::uint64_t, int> seen;
+  for (double v : x)
+    if (seen.emplace(std::bit_cast<std::uint64_t>(v), 0).second) first_seen.push_back(v);
+  DistinctValues d;
+  ASSERT_TRUE(d.build(x, x.size() / 2));
+  EXPECT_EQ(std::vector<double>(d.values().begin(), d.values().end()), first_seen);
+  expect_round_trip(d, x);
+  EXPECT_TRUE(d.build(x, 300));
+  EXPECT_FALSE(d.build(x, 149));
+  EXPECT_TRUE(d.values().empty());
+
+  // Distinct values throughout: given up, and built again on a shorter column.
+  std::vector<double> spread(200000);
+  for (std::size_t i = 0; i < spread.size(); ++i) spread[i] = static_cast<double>(i) * 1e-3;
+  EXPECT_FALSE(d.build(spread, spread.size() / 2));
+  spread.resize(1000);
+  for (double& v : spread) v = std::floor(v);
+  ASSERT_TRUE(d.build(spread, 500));
+  expect_round_trip(d, spread);
 }
 
 }  // namespace

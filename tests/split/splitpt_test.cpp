@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <limits>
 #include <vector>
 
 #include "split/guards.hpp"
@@ -70,6 +71,38 @@ TEST(Splitpt, EmptySubnodesAreMerged) {
       {icpt, slope, {1, 3, 4, 5, 5.5}, noc, ydat, {2.0, 3.5, 4.5, H}, {1, 2, 3, 4, 4}},
   };
   for (const Case& c : cases) check(c);
+}
+
+// A NaN case is at or below no point; points out of order (as NaN points
+// make them) keep the first point at or above the case, not a count.
+TEST(Getpy, NaNCasesAndDisorderedPoints) {
+  const double nan = std::numeric_limits<double>::quiet_NaN();
+  Iv py(3);
+  getpy(Dv{1, 3}, Dv{nan, 2, 3}, py);
+  EXPECT_EQ(py, (Iv{3, 2, 2}));
+  getpy(Dv{3, 1}, Dv{2, 0, 4}, py);
+  EXPECT_EQ(py, (Iv{1, 1, 3}));
+  getpy(Dv{nan, 1}, Dv{0, 2, nan}, py);
+  EXPECT_EQ(py, (Iv{2, 3, 3}));
+}
+
+// Enough cases to be shared among threads: every block assigns as one walk.
+TEST(Getpy, LongColumnMatchesWalk) {
+  const Dv cut = {-0.5, 0.25, 0.25, 2};
+  Dv x(200000);
+  for (std::size_t i = 0; i < x.size(); ++i) x[i] = static_cast<double>(i % 97) / 24.0 - 1.0;
+  Iv py(x.size());
+  getpy(cut, x, py);
+  for (std::size_t i = 0; i < x.size(); ++i) {
+    int walk = 5;
+    for (int m = 0; m < 4; ++m) {
+      if (x[i] <= cut[static_cast<std::size_t>(m)]) {
+        walk = m + 1;
+        break;
+      }
+    }
+    ASSERT_EQ(py[i], walk) << i;
+  }
 }
 
 TEST(Getpy, GuardsTakeNoCases) {
