@@ -36,8 +36,8 @@ constexpr Index kBlocksPerThread = 4;
 // hand-off.
 constexpr int kSpinRounds = 8192;
 
-// Tasks this thread is running, nested: a parallel_for inside one shares its
-// range only when some thread is idle.
+// Tasks this thread is running, nested: work speculated on inside one
+// (would_share) waits for an idle thread.
 thread_local int t_task_depth = 0;
 
 void cpu_pause() {
@@ -236,12 +236,13 @@ Pool& pool() {
   return p;
 }
 
-// Whether n indices of `cost` steps each are worth sharing.
+// Whether n indices of `cost` steps each are worth sharing. They are listed
+// even when every thread is busy: a thread that comes free a moment later
+// takes what is left, instead of waiting for the caller to finish alone.
 bool worth_sharing(Index n, std::size_t cost) {
   if (n < 2) return false;
   const std::size_t steps = static_cast<std::size_t>(n) * std::max<std::size_t>(cost, 1);
-  if (steps < kMinSharedSteps || pool().threads() < 2) return false;
-  return t_task_depth == 0 || pool().someone_idle();
+  return steps >= kMinSharedSteps && pool().threads() >= 2;
 }
 
 }  // namespace
@@ -285,7 +286,7 @@ void parallel_blocks(Index first, Index last, std::size_t cost,
 }
 
 bool would_share(Index n, std::size_t cost) {
-  return worth_sharing(n, cost);
+  return worth_sharing(n, cost) && (t_task_depth == 0 || pool().someone_idle());
 }
 
 int parallel_threads() {

@@ -13,9 +13,10 @@
 // cost is a rough count of elementary steps per index (e.g. the cases a
 // column holds): parallel_for and parallel_blocks run inline, in index order,
 // on the calling thread when the whole range is too small to be worth a
-// hand-off, or there is one core, or the caller is itself inside a shared
-// call and no thread is idle. fork_join shares its tasks whenever there is
-// more than one core (its tasks are meant to be coarse, such as subtrees).
+// hand-off, or there is one core. Otherwise the range is listed for every
+// thread, busy or not: one that comes free takes indices the caller has not
+// reached. fork_join shares its tasks whenever there is more than one core
+// (its tasks are meant to be coarse, such as subtrees).
 //
 // The calls must be independent: no two indices write the same element, and
 // each keeps its own scratch. A call that throws ends its job's calls not yet
