@@ -32,6 +32,30 @@ float Ranlux::advance() {
   return uni;
 }
 
+void Ranlux::skip(int count) {
+  // A word k 2^-24 is held as the integer k: every step of the float
+  // arithmetic above is exact, so integers give the same words, and the
+  // borrow needs no branch.
+  constexpr float kTwo24 = 16777216.0f;
+  std::array<std::int32_t, kBlock> word{};
+  for (std::size_t k = 0; k < word.size(); ++k)
+    word[k] = static_cast<std::int32_t>(seeds_[k] * kTwo24);
+  auto i = static_cast<std::size_t>(i24_ - 1);
+  auto j = static_cast<std::size_t>(j24_ - 1);
+  std::int32_t borrow = carry_ > 0.0f ? 1 : 0;
+  for (int step = 0; step < count; ++step) {
+    const std::int32_t uni = word[j] - word[i] - borrow;
+    borrow = uni < 0 ? 1 : 0;
+    word[i] = uni + (borrow << 24);
+    i = i == 0 ? kBlock - 1 : i - 1;
+    j = j == 0 ? kBlock - 1 : j - 1;
+  }
+  for (std::size_t k = 0; k < word.size(); ++k) seeds_[k] = static_cast<float>(word[k]) * kTwoM24;
+  i24_ = static_cast<int>(i) + 1;
+  j24_ = static_cast<int>(j) + 1;
+  carry_ = borrow != 0 ? kTwoM24 : 0.0f;
+}
+
 // Seed words from a linear congruential sequence started at seed.
 void Ranlux::start(int level, int jseed_in) {
   luxlev_ = level;
@@ -76,7 +100,7 @@ void Ranlux::go(int level, int seed_in, int k1, int k2) {
   mkount_ = skip2;
   for (long long outer = 1; outer <= skip2 + 1; ++outer) {
     const long long inner = outer == skip2 + 1 ? skip1 : kGiga;
-    for (long long isk = 1; isk <= inner; ++isk) advance();
+    skip(static_cast<int>(inner));
   }
   const long long p = nskip_ + kBlock;
   long long in24 = kount_ % p;
@@ -100,7 +124,7 @@ void Ranlux::fill(std::span<float> out) {
     if (in24_ == kBlock) {
       in24_ = 0;
       kount_ = kount_ + nskip_;
-      for (int isk = 1; isk <= nskip_; ++isk) advance();
+      skip(nskip_);
     }
   }
   kount_ = kount_ + static_cast<long long>(out.size());

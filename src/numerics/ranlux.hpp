@@ -46,7 +46,8 @@ class Ranlux {
 
   float& seed(int i) { return seeds_[static_cast<std::size_t>(i - 1)]; }
   float seed(int i) const { return seeds_[static_cast<std::size_t>(i - 1)]; }
-  float advance();  // one subtract-with-borrow step; returns the new number
+  float advance();       // one subtract-with-borrow step; returns the new number
+  void skip(int count);  // `count` steps whose numbers are thrown away
   void start(int level, int seed);
 
   bool started_ = false;

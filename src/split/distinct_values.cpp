@@ -33,16 +33,15 @@ class ValueTable {
   int find_or_add(double v) {
     const auto key = std::bit_cast<std::uint64_t>(v);
     std::size_t h = home_of(key, shift_);
-    while (slots_[h] >= 0 && keys_[h] != key) h = (h + 1) & mask_;
-    if (slots_[h] >= 0) return slots_[h];
+    while (slots_[h].at >= 0 && slots_[h].key != key) h = (h + 1) & mask_;
+    if (slots_[h].at >= 0) return slots_[h].at;
     if (values_.size() == limit_) return -1;
     values_.push_back(v);
     const int at = static_cast<int>(values_.size()) - 1;
     if (2 * values_.size() > slots_.size()) {
       resize(2 * slots_.size());
     } else {
-      keys_[h] = key;
-      slots_[h] = at;
+      slots_[h] = {key, at};
     }
     return at;
   }
@@ -56,22 +55,25 @@ class ValueTable {
   void resize(std::size_t capacity) {
     shift_ = 64 - std::countr_zero(capacity);
     mask_ = capacity - 1;
-    keys_.resize(capacity);
-    slots_.assign(capacity, -1);
+    slots_.assign(capacity, Slot{});
     for (std::size_t v = 0; v < values_.size(); ++v) {
       const auto key = std::bit_cast<std::uint64_t>(values_[v]);
       std::size_t h = home_of(key, shift_);
-      while (slots_[h] >= 0) h = (h + 1) & mask_;
-      keys_[h] = key;
-      slots_[h] = static_cast<int>(v);
+      while (slots_[h].at >= 0) h = (h + 1) & mask_;
+      slots_[h] = {key, static_cast<int>(v)};
     }
   }
 
   std::size_t limit_;
   std::vector<double> values_;
-  std::vector<std::uint64_t> keys_;  // the bits of a value
-  std::vector<int> slots_;           // its position in values_, -1 if empty
-  int shift_ = 0;                    // 64 less the bits of a slot number
+  // A slot: the bits of a value and its position in values_ (-1: empty),
+  // side by side so that a probe reads one place.
+  struct Slot {
+    std::uint64_t key = 0;
+    int at = -1;
+  };
+  std::vector<Slot> slots_;
+  int shift_ = 0;  // 64 less the bits of a slot number
   std::size_t mask_ = 0;
 };
 

@@ -6,6 +6,7 @@
 #include <map>
 #include <mutex>
 #include <optional>
+#include <string_view>
 #include <vector>
 
 #include "missing/node_means.hpp"
@@ -170,13 +171,23 @@ void move_rows(
   });
 }
 
+// Whether flags hold the value v (a search that takes many bytes a step).
+bool holds(std::span<const char> flags, char v) {
+  return std::string_view(flags.data(), flags.size()).find(v) != std::string_view::npos;
+}
+
 // Whether a block of missing flags holds the value v.
 bool holds(FMatrixView<const char> mis, char v) {
-  for (std::ptrdiff_t j = 1; j <= mis.extent2(); ++j) {
-    const std::span<const char> column = mis.column(j);
-    if (std::find(column.begin(), column.end(), v) != column.end()) return true;
-  }
+  for (std::ptrdiff_t j = 1; j <= mis.extent2(); ++j)
+    if (holds(mis.column(j), v)) return true;
   return false;
+}
+
+// Whether every flag is 'y' or 'n' (counted without a branch per flag).
+bool only_yes_or_no(std::span<const char> flags) {
+  std::size_t others = 0;
+  for (const char f : flags) others += static_cast<std::size_t>((f != 'y') & (f != 'n'));
+  return others == 0;
 }
 
 // The split's part of a node record, after the counts.
@@ -203,6 +214,19 @@ void pack_split(std::vector<double>& record, const SplitResult& split, const FAr
   }
 }
 
+// Moves the cases and classes of rows lo + 1 .. lo + n as move_rows moves
+// the table's rows.
+void move_cases(GrowthTable& table, int lo, const std::vector<int>& dest) {
+  const std::size_t n = dest.size();
+  for (std::vector<int>* list : {&table.cases, &table.classes}) {
+    const std::span<int> rows = std::span<int>(*list).subspan(static_cast<std::size_t>(lo), n);
+    std::vector<int>& moved = scratch_of<int>();
+    if (moved.size() < n) moved.resize(n);
+    for (std::size_t r = 0; r < n; ++r) moved[static_cast<std::size_t>(dest[r])] = rows[r];
+    std::copy(moved.begin(), moved.begin() + static_cast<std::ptrdiff_t>(n), rows.begin());
+  }
+}
+
 // Makes each subnode's cases one block of rows of the node's block (rows
 // lo + 1 .. lo + n, py(r) the subnode of row r), in case order: a stable
 // reordering of the rows by subnode. start and size: each subnode's block,
@@ -219,37 +243,35 @@ void split_block(GrowthTable& table, int lo, const FArray<int>& py, bool move_fl
   start.assign(static_cast<std::size_t>(k_classes), 0);
   for (std::size_t k = 1; k < start.size(); ++k) start[k] = start[k - 1] + size[k - 1];
 
-  const std::span<int> cases = std::span<int>(table.cases).subspan(static_cast<std::size_t>(lo), n);
-  const std::span<int> classes =
-      std::span<int>(table.classes).subspan(static_cast<std::size_t>(lo), n);
   std::vector<int> dest(n);
   std::vector<int> next = start;
-  std::vector<int> moved_cases(n);
-  std::vector<int> moved_classes(n);
   for (std::size_t r = 0; r < n; ++r) {
     const int k = py(static_cast<FArray<int>::Index>(r + 1));
-    const auto to = static_cast<std::size_t>(next[static_cast<std::size_t>(k - 1)]++);
-    dest[r] = static_cast<int>(to);
-    moved_cases[to] = cases[r];
-    moved_classes[to] = classes[r];
+    dest[r] = next[static_cast<std::size_t>(k - 1)]++;
   }
-  std::copy(moved_cases.begin(), moved_cases.end(), cases.begin());
-  std::copy(moved_classes.begin(), moved_classes.end(), classes.begin());
-  if (missing == nullptr) {
-    move_rows(table.x, lo, dest);
-    if (move_flags) move_rows(table.mis, lo, dest);
-    return;
-  }
-  // The subnodes' missing cells go back to +0.0 as soon as their column has
-  // moved.
-  sub_missing = subnode_missing_rows(*missing, py.span(), dest, start);
-  move_rows(table.x, lo, dest, [&](std::ptrdiff_t j, std::span<double> column) {
-    for (std::size_t k = 0; k < sub_missing.size(); ++k)
-      for (int r : sub_missing[k][static_cast<std::size_t>(j - 1)])
-        column[static_cast<std::size_t>(start[k] + r - 1)] = 0.0;
+  // The cases and their classes move on one thread while the columns move
+  // on the others.
+  fork_join(2, [&](std::ptrdiff_t task) {
+    if (task == 0) {
+      move_cases(table, lo, dest);
+      return;
+    }
+    if (missing == nullptr) {
+      move_rows(table.x, lo, dest);
+      if (move_flags) move_rows(table.mis, lo, dest);
+      return;
+    }
+    // The subnodes' missing cells go back to +0.0 as soon as their column
+    // has moved.
+    sub_missing = subnode_missing_rows(*missing, py.span(), dest, start);
+    move_rows(table.x, lo, dest, [&](std::ptrdiff_t j, std::span<double> column) {
+      for (std::size_t k = 0; k < sub_missing.size(); ++k)
+        for (int r : sub_missing[k][static_cast<std::size_t>(j - 1)])
+          column[static_cast<std::size_t>(start[k] + r - 1)] = 0.0;
+    });
+    write_flags(FMatrixView<char>(table.mis).rows(lo, static_cast<std::ptrdiff_t>(n)), sub_missing,
+                start);
   });
-  write_flags(FMatrixView<char>(table.mis).rows(lo, static_cast<std::ptrdiff_t>(n)), sub_missing,
-              start);
 }
 
 // Finishes node t, rows lo + 1 .. lo + n of the table, and everything below it.
@@ -488,12 +510,11 @@ void restore_case_order(FArray<T>& table, const std::vector<int>& cases) {
 void grow_and_store(Growth& g) {
   g.table.classes.resize(g.table.cases.size());
   for (std::size_t r = 0; r < g.table.cases.size(); ++r) g.table.classes[r] = g.y(g.table.cases[r]);
-  g.any_missing = std::find(g.table.mis.begin(), g.table.mis.end(), 'y') != g.table.mis.end();
+  g.any_missing = holds(g.table.mis.span(), 'y');
   // Cells are kept at +0.0 only where flags are 'y' or 'n': the subnodes'
   // flags are written from their missing rows.
-  g.zeroed = g.any_missing && keeps_missing_cells_zeroed(init()) &&
-             std::all_of(g.table.mis.begin(), g.table.mis.end(),
-                         [](char f) { return f == 'y' || f == 'n'; });
+  g.zeroed =
+      g.any_missing && keeps_missing_cells_zeroed(init()) && only_yes_or_no(g.table.mis.span());
   MissingRows missing;
   if (g.zeroed) {
     missing = missing_rows(g.table.mis);
