@@ -220,6 +220,8 @@ Column column_over(const NodeSample& node, int var, int k_classes, bool present_
                    bool complete_only, int p) {
   Column col;
   col.noc.assign(k_classes, 0);
+  col.x.reserve(static_cast<std::size_t>(node.n));
+  col.y.reserve(static_cast<std::size_t>(node.n));
   for (int i = 1; i <= node.n; ++i) {
     if (present_only && node.misind(i, var) != 'n') continue;
     if (complete_only) {
@@ -284,6 +286,77 @@ double coordinate_of(const FArray<double>& a, double code) {
   return j >= 1 && j <= a.size() ? a(j) : 0.0;
 }
 
+// Fits the main split on the chosen variable (mom: the tests' moments);
+// false when the discriminant fails.
+bool fit_main(const Init& in, const Traits& tr, Member member, const NodeSample& node,
+              const Moments& mom, SplitResult& s) {
+  const int k_classes = in.nclass;
+  const int p = in.nvar;
+  // The cases the split is fitted on.
+  const bool subset = tr.fit != FitSet::all;
+  Column col = column_over(node, s.var, k_classes, tr.fit == FitSet::available,
+                           tr.fit == FitSet::complete, p);
+  const FArray<double> w = class_weights(node, col.noc, subset);
+  FArray<double> xmean(k_classes, 0.0);
+  double mse = 0.0;
+  Coordinates co;  // categorical split variable: the coordinate of each category
+  if (s.c > 0) {
+    const int numcat = in.numcat(s.c);
+    if (member == Member::c0) {
+      co = crim1(col.x, col.y, col.noc.span(), numcat);
+    } else if (subset) {
+      co = crim2(col.x, col.y, col.noc.span(), {}, numcat);
+    } else {
+      // Fitted on the cases where the variable is present, applied to all.
+      Column fit = column_over(node, s.var, k_classes, true, false, p);
+      co = crim2(fit.x, fit.y, fit.noc.span(), col.x, numcat);
+    }
+    xmean = co.xmean;
+    mse = co.mse;
+  } else {
+    for (int k = 1; k <= k_classes; ++k) xmean(k) = mom.xmean(k, s.var);
+    mse = mom.mse(s.var);
+  }
+
+  FArray<double> coef;
+  std::vector<int> fit_py(col.x.size(), k_classes);
+  if (s.test == 'F') {
+    const BoxCoxResult bc = boxcox(col.x, col.y, mse, xmean.span(), col.noc.span(), in.varsel);
+    if (!ldfuni(col.x, mse, xmean.span(), w.span(), col.noc.span(), coef)) {
+      return false;
+    }
+    splitpt(coef, col.x, col.noc.span(), col.y, s.cutpt.span(), fit_py);
+    backtran(s.cutpt.span(), bc.lambda, bc.shift);
+    if (s.c > 0) catsplit(co.a.span(), s.cutpt.span(), s.ncutcat, s.cutcat);
+  } else {
+    const double g = s.gmean;
+    for (double& v : col.x) v = std::fabs(v - g);
+    column_moments(col, k_classes, xmean, mse);
+    if (!ldfuni(col.x, mse, xmean.span(), w.span(), col.noc.span(), coef)) {
+      return false;
+    }
+    splitpt(coef, col.x, col.noc.span(), col.y, s.cutpt.span(), fit_py);
+  }
+
+  if (!subset) {
+    for (int i = 1; i <= node.n; ++i) s.py(i) = fit_py[static_cast<std::size_t>(i - 1)];
+    return true;
+  }
+  // Every case of the node goes by the points found on the subset.
+  if (node.fill_split_variable) node.fill_split_variable(s.var);
+  std::vector<double> all(static_cast<std::size_t>(node.n));
+  for (int i = 1; i <= node.n; ++i) {
+    const double v = node.xdat(i, s.var);
+    double& value = all[static_cast<std::size_t>(i - 1)];
+    if (s.c > 0)
+      value = coordinate_of(co.a, v);
+    else
+      value = s.test == 'L' ? std::fabs(v - s.gmean) : v;
+  }
+  getpy(s.cutpt.span(), all, s.py.span());
+  return true;
+}
+
 }  // namespace
 
 bool tests_on_present_values(Member member) {
@@ -332,73 +405,18 @@ SplitResult classify(Member member, const NodeSample& node) {
     s.alt_var = alternate_of(in, ch);
     if (s.alt_var == 0) s.alt_var = s.var;
     s.c5 = ordinal_of(in, s.alt_var);
-    fit_alternate(in, tr, node, s);
   }
 
-  // The cases the split is fitted on.
-  const bool subset = tr.fit != FitSet::all;
-  Column col = column_over(node, s.var, k_classes, tr.fit == FitSet::available,
-                           tr.fit == FitSet::complete, p);
-  const FArray<double> w = class_weights(node, col.noc, subset);
-  FArray<double> xmean(k_classes, 0.0);
-  double mse = 0.0;
-  Coordinates co;  // categorical split variable: the coordinate of each category
-  if (s.c > 0) {
-    const int numcat = in.numcat(s.c);
-    if (member == Member::c0) {
-      co = crim1(col.x, col.y, col.noc.span(), numcat);
-    } else if (subset) {
-      co = crim2(col.x, col.y, col.noc.span(), {}, numcat);
-    } else {
-      // Fitted on the cases where the variable is present, applied to all.
-      Column fit = column_over(node, s.var, k_classes, true, false, p);
-      co = crim2(fit.x, fit.y, fit.noc.span(), col.x, numcat);
-    }
-    xmean = co.xmean;
-    mse = co.mse;
-  } else {
-    for (int k = 1; k <= k_classes; ++k) xmean(k) = mom.xmean(k, s.var);
-    mse = mom.mse(s.var);
-  }
-
-  FArray<double> coef;
-  std::vector<int> fit_py(col.x.size(), k_classes);
-  if (s.test == 'F') {
-    const BoxCoxResult bc = boxcox(col.x, col.y, mse, xmean.span(), col.noc.span(), in.varsel);
-    if (!ldfuni(col.x, mse, xmean.span(), w.span(), col.noc.span(), coef)) {
-      s.success = false;
-      return s;
-    }
-    splitpt(coef, col.x, col.noc.span(), col.y, s.cutpt.span(), fit_py);
-    backtran(s.cutpt.span(), bc.lambda, bc.shift);
-    if (s.c > 0) catsplit(co.a.span(), s.cutpt.span(), s.ncutcat, s.cutcat);
-  } else {
-    const double g = s.gmean;
-    for (double& v : col.x) v = std::fabs(v - g);
-    column_moments(col, k_classes, xmean, mse);
-    if (!ldfuni(col.x, mse, xmean.span(), w.span(), col.noc.span(), coef)) {
-      s.success = false;
-      return s;
-    }
-    splitpt(coef, col.x, col.noc.span(), col.y, s.cutpt.span(), fit_py);
-  }
-
-  if (!subset) {
-    for (int i = 1; i <= node.n; ++i) s.py(i) = fit_py[static_cast<std::size_t>(i - 1)];
-    return s;
-  }
-  // Every case of the node goes by the points found on the subset.
-  if (node.fill_split_variable) node.fill_split_variable(s.var);
-  std::vector<double> all(static_cast<std::size_t>(node.n));
-  for (int i = 1; i <= node.n; ++i) {
-    const double v = node.xdat(i, s.var);
-    double& value = all[static_cast<std::size_t>(i - 1)];
-    if (s.c > 0)
-      value = coordinate_of(co.a, v);
+  // The alternate split shares nothing with the main one: they are fitted
+  // side by side.
+  bool fitted = true;
+  fork_join(tr.alternate ? 2 : 1, [&](std::ptrdiff_t task) {
+    if (task == 1)
+      fit_alternate(in, tr, node, s);
     else
-      value = s.test == 'L' ? std::fabs(v - s.gmean) : v;
-  }
-  getpy(s.cutpt.span(), all, s.py.span());
+      fitted = fit_main(in, tr, member, node, mom, s);
+  });
+  if (!fitted) s.success = false;
   return s;
 }
 
