@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <string_view>
 #include <vector>
 
 #include "numerics/parallel_for.hpp"
@@ -11,6 +12,9 @@
 namespace vardel {
 
 namespace {
+
+// Guards the sharing of a column's filling: steps per row.
+constexpr std::size_t kFillSteps = 2;
 
 // The ordinal of predictor j among the categorical predictors, 0 if numerical.
 FArray<int> categorical_ordinals(const Init& in) {
@@ -129,7 +133,7 @@ void fill_node_missing(FMatrixView<double> xdat, std::span<const int> cdat,
   const int last = only > 0 ? only : in.nvar;
   parallel_for(first, last, static_cast<std::size_t>(n), [&](std::ptrdiff_t j) {
     const std::span<const char> flags = misind.column(j).first(static_cast<std::size_t>(n));
-    if (std::find(flags.begin(), flags.end(), 'y') == flags.end()) return;
+    if (std::string_view(flags.data(), flags.size()).find('y') == std::string_view::npos) return;
     const int numcat = ordinal(j) > 0 ? in.numcat(ordinal(j)) : 0;
     std::vector<double> centre, sums;
     std::vector<int> counts;
@@ -140,12 +144,15 @@ void fill_node_missing(FMatrixView<double> xdat, std::span<const int> cdat,
       column_centres(xdat, cdat, misind, n, static_cast<int>(j), numcat, classes, centre, sums,
                      counts);
     }
+    // Each cell is filled on its own: the rows are shared out in blocks.
     const std::span<double> x = xdat.column(j);
-    for (std::size_t i = 0; i < flags.size(); ++i) {
-      if (flags[i] == 'n') continue;
-      const auto k = static_cast<std::size_t>(cdat[i]);
-      x[i] = noc[k - 1] != 0 ? centre[k] : 0.0;
-    }
+    parallel_blocks(0, n - 1, kFillSteps, [&](std::ptrdiff_t lo, std::ptrdiff_t hi) {
+      for (auto i = static_cast<std::size_t>(lo); i <= static_cast<std::size_t>(hi); ++i) {
+        if (flags[i] == 'n') continue;
+        const auto k = static_cast<std::size_t>(cdat[i]);
+        x[i] = noc[k - 1] != 0 ? centre[k] : 0.0;
+      }
+    });
   });
 }
 

@@ -11,6 +11,7 @@
 
 #include "missing/node_means.hpp"
 #include "numerics/parallel_for.hpp"
+#include "numerics/tally.hpp"
 #include "run/init.hpp"
 #include "run/stop.hpp"
 #include "split/classify.hpp"
@@ -239,7 +240,7 @@ void split_block(GrowthTable& table, int lo, const FArray<int>& py, bool move_fl
   const int k_classes = init().nclass;
   const auto n = static_cast<std::size_t>(py.size());
   size.assign(static_cast<std::size_t>(k_classes), 0);
-  for (int k : py) ++size[static_cast<std::size_t>(k - 1)];
+  tally(py.span(), size);
   start.assign(static_cast<std::size_t>(k_classes), 0);
   for (std::size_t k = 1; k < start.size(); ++k) start[k] = start[k - 1] + size[k - 1];
 
@@ -296,7 +297,7 @@ void ldfuni_fit(Growth& g, int t, int lo, int n, MissingRows&& missing) {
   node.ydat.assign(n, 0);
   std::copy(classes.begin(), classes.end(), node.ydat.begin());
   node.noc.assign(k_classes, 0);
-  for (int c : classes) ++node.noc(c);
+  tally(classes, node.noc.span());
   int m = 0;
   for (int c : node.noc) m += c > 0;
   node.m = m;
