@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <atomic>
+#include <chrono>
 #include <condition_variable>
 #include <exception>
 #include <memory>
@@ -30,11 +31,13 @@ constexpr int kMaxThreads = 8;
 constexpr std::size_t kMinSharedSteps = 32768;
 // Blocks per thread for parallel_blocks, so that a slow thread is caught up.
 constexpr Index kBlocksPerThread = 4;
-// Guards the waits: a thread with nothing to do checks for work this many
-// times (a pause of some 20 ns each on current cores) before it sleeps, since
-// waking a sleeping thread of a virtual machine costs far more than a node's
-// hand-off.
-constexpr int kSpinRounds = 8192;
+// Guards the waits: a thread with nothing to do keeps checking for work this
+// long before it sleeps. Waking a sleeping thread of a virtual machine costs
+// far more than a node's hand-off, and the serial stretches of a large node
+// (a split point, a Box-Cox walk) last milliseconds.
+constexpr std::chrono::milliseconds kSpinTime{10};
+// Checks between two looks at the clock (a pause is some 20 ns).
+constexpr int kChecksPerClock = 256;
 
 // Tasks this thread is running, nested: work speculated on inside one
 // (would_share) waits for an idle thread.
@@ -46,13 +49,16 @@ void cpu_pause() {
 #endif
 }
 
-// Checks ready() up to kSpinRounds times; returns its last answer.
+// Checks ready() for up to kSpinTime; returns its last answer.
 template <class Ready>
 bool spin_until(Ready ready) {
-  for (int round = 0; round < kSpinRounds; ++round) {
-    if (ready()) return true;
-    cpu_pause();
-  }
+  const auto end = std::chrono::steady_clock::now() + kSpinTime;
+  do {
+    for (int check = 0; check < kChecksPerClock; ++check) {
+      if (ready()) return true;
+      cpu_pause();
+    }
+  } while (std::chrono::steady_clock::now() < end);
   return ready();
 }
 
