@@ -532,21 +532,38 @@ void grow_and_store(Growth& g) {
 // return to case order and the missing cells to the values they held.
 class Loan {
  public:
-  Loan(Growth& g, FArray<double>& x, FArray<char>& mis) : g_(g), x_(x), mis_(mis) {
-    for (std::size_t i = 0; i < mis.vector().size(); ++i)
-      if (mis.vector()[i] == 'y') held_.push_back(x.vector()[i]);
+  Loan(Growth& g, FArray<double>& x, FArray<char>& mis)
+      : g_(g), x_(x), mis_(mis), held_(static_cast<std::size_t>(x.extent2())) {
+    if (holds(mis.span(), 'y')) {
+      parallel_for(1, x.extent2(), static_cast<std::size_t>(x.extent1()), [&](std::ptrdiff_t j) {
+        const std::span<const char> flags = mis.column(j);
+        const std::span<const double> values = x.column(j);
+        std::vector<double>& held = held_[static_cast<std::size_t>(j - 1)];
+        for (std::size_t i = 0; i < flags.size(); ++i)
+          if (flags[i] == 'y') held.push_back(values[i]);
+      });
+    }
     g_.table.x = std::move(x);
     g_.table.mis = std::move(mis);
   }
   ~Loan() {
     GrowthTable& table = g_.table;
     restore_case_order(table.x, table.cases);
-    if (!held_.empty()) restore_case_order(table.mis, table.cases);
-    std::vector<double>& x = table.x.vector();
-    const std::vector<char>& mis = table.mis.vector();
-    std::size_t h = 0;
-    for (std::size_t i = 0; i < x.size() && h < held_.size(); ++i)
-      if (mis[i] == 'y') x[i] = held_[h++];
+    const bool any_held = std::any_of(held_.begin(), held_.end(),
+                                      [](const std::vector<double>& h) { return !h.empty(); });
+    if (any_held) {
+      restore_case_order(table.mis, table.cases);
+      FArray<double>& x = table.x;
+      const FArray<char>& mis = table.mis;
+      parallel_for(1, x.extent2(), static_cast<std::size_t>(x.extent1()), [&](std::ptrdiff_t j) {
+        const std::span<const char> flags = mis.column(j);
+        const std::span<double> values = x.column(j);
+        const std::vector<double>& held = held_[static_cast<std::size_t>(j - 1)];
+        std::size_t h = 0;
+        for (std::size_t i = 0; i < flags.size() && h < held.size(); ++i)
+          if (flags[i] == 'y') values[i] = held[h++];
+      });
+    }
     x_ = std::move(table.x);
     mis_ = std::move(table.mis);
   }
@@ -557,7 +574,8 @@ class Loan {
   Growth& g_;
   FArray<double>& x_;
   FArray<char>& mis_;
-  std::vector<double> held_;  // values of the missing cells, in storage order
+  // The values of each column's missing cells, in case order.
+  std::vector<std::vector<double>> held_;
 };
 
 }  // namespace
