@@ -82,6 +82,10 @@ void column_centres(FMatrixView<const double> xdat, std::span<const int> cdat,
 
 }  // namespace
 
+bool holds_flag(std::span<const char> flags, char v) {
+  return std::string_view(flags.data(), flags.size()).find(v) != std::string_view::npos;
+}
+
 void getgrand(FMatrixView<const double> xdat, FMatrixView<const char> misind, int n,
               FArray<double>& grand) {
   const Init& in = init();
@@ -133,7 +137,7 @@ void fill_node_missing(FMatrixView<double> xdat, std::span<const int> cdat,
   const int last = only > 0 ? only : in.nvar;
   parallel_for(first, last, static_cast<std::size_t>(n), [&](std::ptrdiff_t j) {
     const std::span<const char> flags = misind.column(j).first(static_cast<std::size_t>(n));
-    if (std::string_view(flags.data(), flags.size()).find('y') == std::string_view::npos) return;
+    if (!holds_flag(flags, 'y')) return;
     const int numcat = ordinal(j) > 0 ? in.numcat(ordinal(j)) : 0;
     std::vector<double> centre, sums;
     std::vector<int> counts;

@@ -26,6 +26,10 @@
 
 namespace vardel {
 
+// Whether missing flags hold the value v (a search that takes many bytes a
+// step).
+bool holds_flag(std::span<const char> flags, char v);
+
 void getgrand(FMatrixView<const double> xdat, FMatrixView<const char> misind, int n,
               FArray<double>& grand);
 

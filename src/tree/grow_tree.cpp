@@ -6,7 +6,6 @@
 #include <map>
 #include <mutex>
 #include <optional>
-#include <string_view>
 #include <vector>
 
 #include "missing/node_means.hpp"
@@ -172,15 +171,10 @@ void move_rows(
   });
 }
 
-// Whether flags hold the value v (a search that takes many bytes a step).
-bool holds(std::span<const char> flags, char v) {
-  return std::string_view(flags.data(), flags.size()).find(v) != std::string_view::npos;
-}
-
 // Whether a block of missing flags holds the value v.
 bool holds(FMatrixView<const char> mis, char v) {
   for (std::ptrdiff_t j = 1; j <= mis.extent2(); ++j)
-    if (holds(mis.column(j), v)) return true;
+    if (holds_flag(mis.column(j), v)) return true;
   return false;
 }
 
@@ -511,7 +505,7 @@ void restore_case_order(FArray<T>& table, const std::vector<int>& cases) {
 void grow_and_store(Growth& g) {
   g.table.classes.resize(g.table.cases.size());
   for (std::size_t r = 0; r < g.table.cases.size(); ++r) g.table.classes[r] = g.y(g.table.cases[r]);
-  g.any_missing = holds(g.table.mis.span(), 'y');
+  g.any_missing = holds_flag(g.table.mis.span(), 'y');
   // Cells are kept at +0.0 only where flags are 'y' or 'n': the subnodes'
   // flags are written from their missing rows.
   g.zeroed =
@@ -534,7 +528,7 @@ class Loan {
  public:
   Loan(Growth& g, FArray<double>& x, FArray<char>& mis)
       : g_(g), x_(x), mis_(mis), held_(static_cast<std::size_t>(x.extent2())) {
-    if (holds(mis.span(), 'y')) {
+    if (holds_flag(mis.span(), 'y')) {
       parallel_for(1, x.extent2(), static_cast<std::size_t>(x.extent1()), [&](std::ptrdiff_t j) {
         const std::span<const char> flags = mis.column(j);
         const std::span<const double> values = x.column(j);
